@@ -1,0 +1,26 @@
+# How our own code is compiled and linked. None of it reaches those who link the library.
+include_guard()
+
+set(ovxid_warnings
+  -Wall -Wextra -Wpedantic -Wconversion -Wsign-conversion -Wshadow -Wcast-align -Wcast-qual
+  -Wformat=2 -Wnull-dereference -Wold-style-cast -Woverloaded-virtual -Wundef -Wunused)
+if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+  list(APPEND ovxid_warnings -Wduplicated-branches -Wduplicated-cond -Wlogical-op -Wuseless-cast)
+endif()
+
+function(ovxid_build_flags target)
+  target_compile_options(${target} PRIVATE -fstack-protector-strong -fstack-clash-protection)
+  target_link_options(${target} PRIVATE LINKER:-z,relro,-z,now,--as-needed)
+  if(OVXID_STRICT)
+    target_compile_options(${target} PRIVATE ${ovxid_warnings} -Werror)
+  endif()
+  if(OVXID_SANITIZE)
+    # clang leaves the sanitizer's functions to the program, and fortified functions hide from it.
+    target_compile_options(${target} PRIVATE -fsanitize=${OVXID_SANITIZE} -fno-sanitize-recover=all)
+    target_link_options(${target} PRIVATE -fsanitize=${OVXID_SANITIZE})
+  else()
+    target_link_options(${target} PRIVATE LINKER:-z,defs)
+    target_compile_options(${target} PRIVATE
+      $<$<NOT:$<CONFIG:Debug>>:-U_FORTIFY_SOURCE$<SEMICOLON>-D_FORTIFY_SOURCE=2>)
+  endif()
+endfunction()

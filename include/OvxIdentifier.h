@@ -1,0 +1,323 @@
+#ifndef OVXID_OVXIDENTIFIER_H
+#define OVXID_OVXIDENTIFIER_H
+
+#include <cstdint>
+#include <iosfwd>
+#include <log4cpp/Priority.hh>
+#include <string>
+#include <vector>
+
+class cQlog;
+struct FTW;
+struct stat;
+
+/**
+ * @brief One board that the library can recognise.
+ *
+ * A plain record with value semantics. The catalogue of known identities is an ordered list of
+ * these; nothing ties one record to another, so names, aliases and numbers may repeat.
+ */
+struct HardwareIdentity {
+  /** The board's canonical name. Any bytes. */
+  std::string name;
+  /** The other names under which the board's kernel may report itself, in catalogue order. */
+  std::vector<std::string> aliases;
+  /** The board number. Every value is allowed. It has no value until one is assigned. */
+  std::int32_t number;
+};
+
+/**
+ * @brief One board parameter: a name and its value.
+ *
+ * Neither is validated. Both may hold any bytes, and values read from the device tree keep their
+ * NUL bytes.
+ */
+struct ovx_param {
+  /** The name of the environment variable that OvxIdentifier::execute() exports. */
+  std::string name;
+  /** The value, not escaped, trimmed or cut. */
+  std::string value;
+};
+
+/**
+ * @brief Tells which board the program runs on and hands that knowledge to other programs.
+ *
+ * Construct one, ask it for getHardwareName() or getHardwareNumber(), or call loadParams() and then
+ * listParams() or execute(). Nothing is determined or collected before it is asked for.
+ *
+ * The identifier is undetermined until determineIdentity(), which the queries call, finds an
+ * identity; from then on the queries answer from memory. Only success is kept: on a board that is
+ * not recognised, every query searches, and reports, again.
+ *
+ * The board's facts come from the kernel: the device-tree node /proc/device-tree/orvanix, uname(2),
+ * /proc/cpuinfo and the network interfaces. Names that the kernel reports are looked up in the
+ * catalogue of known identities, /etc/known_ovx_ids. Every path is fixed.
+ *
+ * Messages go to the logger that the constructor was given. The library throws nothing of its own;
+ * std::bad_alloc may leave any member that builds strings, and determineIdentity() names the one
+ * input that makes it throw.
+ *
+ * An identifier is used by one thread at a time, and only one thread of a process may collect
+ * parameters or launch a program. Copies share the logger and nothing else.
+ */
+class [[gnu::visibility("default")]] OvxIdentifier {
+ public:
+  /**
+   * @brief Makes an undetermined identifier, named "Unknown" with number -1, and loads the
+   *        catalogue of known identities.
+   *
+   * Logs "Creating OvxIdentifier..." at DEBUG and calls findKnownIdentities(). The board is not
+   * identified yet.
+   *
+   * @param logger Receives every message. It stays the caller's and must outlive the identifier.
+   *        Null silences the library. A program that passes a logger has to bring the class cQlog,
+   *        from libqlog.so.0 or of its own.
+   */
+  explicit OvxIdentifier(cQlog * logger);
+
+  /**
+   * @brief Returns the board's name, determining the identity first when it is not determined yet.
+   *
+   * A determination is followed by logFullId(), at DEBUG after success and at ERROR after failure.
+   *
+   * @return The name; "Unknown" when the board is not recognised, or when its device tree gives a
+   *         number and no description. Empty when the description is an empty file.
+   * @throw std::out_of_range As determineIdentity() does.
+   */
+  std::string getHardwareName();
+
+  /**
+   * @brief Returns the board's number, determining the identity first when it is not determined
+   *        yet, as getHardwareName() does.
+   *
+   * @return The number; -1 when the board is not recognised, 64 for a standard PC. Recognised
+   *         boards may have any number, -1 included.
+   * @throw std::out_of_range As determineIdentity() does.
+   */
+  std::int32_t getHardwareNumber();
+
+  /**
+   * @brief Determines the identity if necessary and appends the board parameters to the list.
+   *
+   * Calls getHardwareNumber() and then parse_params(), whether or not the board was recognised. A
+   * second call appends every parameter a second time.
+   *
+   * @throw std::out_of_range As determineIdentity() does; no parameter is appended then.
+   */
+  void loadParams();
+
+  /**
+   * @brief Determines which board this is, anew if that was known already.
+   *
+   * The first source that yields an identity ends the search:
+   * -# /proc/device-tree/orvanix: an openable "boardid" is enough. Its number and the first line
+   *    of "description" are taken as they stand, without the catalogue. A "boardid" of blanks or
+   *    nothing leaves the number as it was, one that begins with no number gives 0, and one out of
+   *    range the nearest limit.
+   * -# uname(2): the kernel release after its last '-', compared with the aliases of the catalogue.
+   * -# uname(2): the machine "x86_64" is the identity "x86_64 PC" with number 64.
+   * -# /proc/cpuinfo: what follows the ':' and one character more in the first line that begins
+   *    with "Hardware", compared with all names of the catalogue and then with its aliases.
+   *
+   * The aliases of an earlier determination stay unless a catalogue identity replaces them. When
+   * every source fails, the name is reset to "Unknown" and the number to -1. The steps are logged
+   * at DEBUG, a repeated determination and a failed uname(2) at WARN, and failure at ERROR; the
+   * report of logFullId() is left to the queries.
+   *
+   * @return True when the board was identified.
+   * @throw std::out_of_range If the only ':' of the "Hardware" line is its last character. The
+   *        identifier is undetermined then; its name may already be that of the "description".
+   */
+  bool determineIdentity();
+
+  /**
+   * @brief Hands a message to the logger, or drops it when there is none.
+   *
+   * @param message The text, up to its first NUL byte. The logger receives it as its printf-style
+   *        format and no further argument: a '%' in it is the logger's to interpret.
+   * @param level Chooses the logger's method: FATAL (0) fatal, ERROR (300) error, WARN (400) warn,
+   *        INFO (600) info; every other value debug.
+   */
+  void tryLog(std::string message, log4cpp::Priority::PriorityLevel level);
+
+  /**
+   * @brief Hands a message to the logger at DEBUG.
+   *
+   * @param message The text, as for the overload with a level.
+   */
+  void tryLog(std::string message);
+
+  /**
+   * @brief Logs the identity as it stands, without determining it.
+   *
+   * Four messages for a determined identity: "Full identity: ", the name, the number, and the
+   * aliases, each followed by a blank. Three otherwise: "Identity is unknown: ", name and number.
+   *
+   * @param level The level of every one of these messages, as for tryLog().
+   */
+  void logFullId(log4cpp::Priority::PriorityLevel level);
+
+  /**
+   * @brief Appends the catalogue of known identities to what the identifier holds.
+   *
+   * The constructor calls this; a second call appends every identity a second time. The records
+   * come from the lines of /etc/known_ovx_ids that parseIdentityLine() accepts, in order. A
+   * built-in table of three boards replaces a file that cannot be opened, which is logged at WARN;
+   * it does not replace one that can be opened and holds no identity. A read error ends the
+   * catalogue quietly.
+   */
+  void findKnownIdentities();
+
+  /**
+   * @brief Reads one line of the catalogue, "name:number[:alias]...".
+   *
+   * Values are the runs of characters between colons, so leading, doubled and trailing colons count
+   * for nothing. They are not trimmed. What follows the digits of the number is ignored.
+   *
+   * @param record Receives the name and the number; the aliases are appended to those it has. A
+   *        line of fewer than two values leaves it untouched, and one whose second value is no
+   *        signed 32-bit decimal number replaces its name only.
+   * @param line The line without its newline.
+   * @return True when the line was accepted, which is logged at DEBUG; a rejected line is logged at
+   *         WARN.
+   */
+  bool parseIdentityLine(HardwareIdentity & record, std::string line);
+
+  /**
+   * @brief Appends the board parameters to the list, without determining the identity.
+   *
+   * In this order: "OVX_ID" and "OVX_DESC", the number and the name, unless the number is negative;
+   * one parameter a property below /proc/device-tree/orvanix, see OvxDTParser; "OVX_WAN" by
+   * search_wan(), only when that node is missing and the number is 64; and "OVX_WAN_ID" by
+   * add_wan_mac(). A second call appends them all a second time. Logs nothing.
+   */
+  void parse_params();
+
+  /**
+   * @brief Appends one parameter to the list, even if it has one of that name. Logs nothing.
+   *
+   * @param name The name, stored as given: the prefix "OVX_" is the caller's business.
+   * @param value The value, stored as given.
+   */
+  void addParameter(std::string name, std::string value);
+
+  /**
+   * @brief Writes the parameters in list order, one name=value line each, every byte as it is.
+   *
+   * The stream is flushed after each line; its width and fill are not applied. An empty list writes
+   * nothing.
+   *
+   * @param out The stream to write to.
+   * @return The same stream, whose state tells whether the writing succeeded.
+   */
+  std::ostream& listParams(std::ostream & out);
+
+  /**
+   * @brief Looks for the WAN interface and appends its name as "OVX_WAN".
+   *
+   * It is the first entry not named "lo" in the kernel's list of configured IPv4 addresses, of
+   * which the first 1024 bytes are examined (25 addresses on 64-bit machines). Without one, nothing
+   * is appended. A failed socket(2) or ioctl(2) appends nothing and is reported on standard error,
+   * as "socket" or "ioctl(SIOCGIFCONF)" by perror(3).
+   */
+  void search_wan();
+
+  /**
+   * @brief Appends "OVX_WAN_ID", the MAC address of the interface that the first "OVX_WAN" of the
+   *        list names.
+   *
+   * The value is the six bytes in lower-case hexadecimal, one after the other: a byte below 0x80
+   * without leading zeros, a higher one sign-extended to four digits. 02:42:ac:11:00:02 gives
+   * "242ffac1102".
+   *
+   * Without an "OVX_WAN", nothing is appended. When the kernel does not know the interface, or
+   * socket(2) or ioctl(2) fails, nothing is appended and "ioctl(wan_mac)" is reported on standard
+   * error by perror(3). An interface name of 16 or more bytes before its first NUL aborts the
+   * process.
+   */
+  void add_wan_mac();
+
+  /**
+   * @brief Exports the parameters into the environment and replaces the process by a program.
+   *
+   * The list is exported as it stands, which is empty unless loadParams() was called. Later
+   * parameters overwrite earlier ones and variables that were set before; values are cut at their
+   * first NUL byte; an empty name and one with a '=' are skipped. The export stays when the program
+   * cannot be run. Nothing is printed or logged.
+   *
+   * @param argc The number of arguments, not counting the terminating null pointer. Used with the
+   *        shell only.
+   * @param argv The arguments, with a null pointer at the end; not null. Without the shell, argv[0]
+   *        is the program, looked up in PATH, and must not be null.
+   * @param useShell True runs the shell that the variable SHELL names, or /bin/bash when it is not
+   *        set, with all of argv as its arguments. An exported parameter named SHELL counts.
+   * @return Only on failure: -1, with errno from execvp(3); EINVAL, before anything is exported,
+   * for a negative argc with the shell.
+   */
+  int execute(int argc, char** argv, bool useShell);
+
+ private:
+  bool mDetermined;
+  std::string mHardwareName;
+  std::vector<std::string> mHardwareAliases;
+  std::int32_t mHardwareNumber;
+  std::vector<HardwareIdentity> mKnownIdentities;
+  cQlog* mLogger;
+  std::vector<ovx_param> mParams;
+
+  template <typename... Text>
+  void log(log4cpp::Priority::PriorityLevel level, const Text&... text);
+
+  void queryIdentity();
+  bool identifyByDeviceTree();
+  bool identifyByUname();
+  bool identifyByRelease(const std::string& release);
+  bool identifyAsPc(const std::string& machine);
+  bool identifyByCpuinfo();
+  bool identifyByHardwareLine(const std::string& line);
+  bool adopt(const HardwareIdentity& identity);
+  void readCatalogue(std::istream & file);
+  void useBuiltinCatalogue();
+};
+
+/**
+ * @brief Walks a device-tree node and turns its properties into board parameters.
+ *
+ * Every file below the node, at any depth, gives the parameter "OVX_" and the file's own name in
+ * upper case, whose value is the file's first line: bytes are kept, the NUL at the end of a string
+ * included. A file named "name" is skipped; one that cannot be opened gives an empty value. The
+ * order is that of the directory.
+ *
+ * Never instantiated: nftw(3) passes its callback no context, so the identifier that a walk feeds
+ * is kept in a variable of the process, and walks must not run at the same time.
+ */
+class [[gnu::visibility("default")]] OvxDTParser {
+ public:
+  /** The identifier that the walk feeds: null before the first walk, then that of the last one. */
+  static OvxIdentifier* mOVxId;
+
+  /**
+   * @brief Walks a directory and appends a parameter for each file to the list of an identifier.
+   *
+   * Symbolic links are followed. Unreadable directories are skipped, a start directory included.
+   *
+   * @param id The identifier to feed. mOVxId keeps pointing to it after the walk.
+   * @param dir The path of the directory to walk. Not modified.
+   * @return 0 when the walk was completed; -1 with errno from nftw(3) when it failed, as it does
+   *         when the directory does not exist.
+   */
+  static int parse(OvxIdentifier * id, char* dir);
+
+  /**
+   * @brief Handles one entry of the walk. Called by nftw(3); mOVxId must be set.
+   *
+   * @param fpath The path of the entry, which is opened when the entry is a file.
+   * @param sb The status of the entry. Not used.
+   * @param typeflag The type of the entry. Everything but FTW_F yields nothing.
+   * @param ftwbuf The position of the entry's own name in the path.
+   * @return Always 0, so that the walk goes on.
+   */
+  static int ftw_cb(const char* fpath, const struct stat* sb, int typeflag, struct FTW* ftwbuf);
+};
+
+#endif

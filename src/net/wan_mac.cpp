@@ -1,0 +1,57 @@
+#include <net/if.h>
+#include <sys/ioctl.h>
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+
+#include "OvxIdentifier.h"
+#include "net/query_socket.h"
+
+namespace {
+
+constexpr std::size_t macLength = 6;
+
+// An unfitting name would ask about another interface if it were cut.
+ifreq requestFor(const std::string& interface) {
+  ifreq request{};
+  const std::size_t length = std::strlen(interface.c_str());
+  if (length >= sizeof request.ifr_name) {
+    std::abort();
+  }
+  std::memcpy(request.ifr_name, interface.c_str(), length);
+  return request;
+}
+
+// Bytes from 0x80 on come out sign-extended to 16 bits: programs match on this form.
+std::string macText(const sockaddr& address) {
+  std::string text;
+  for (std::size_t i = 0; i < macLength; ++i) {
+    const auto byte = static_cast<signed char>(address.sa_data[i]);
+    std::array<char, 4> digits{};
+    const auto end =
+        std::to_chars(digits.begin(), digits.end(), static_cast<std::uint16_t>(byte), 16).ptr;
+    text.append(digits.begin(), end);
+  }
+  return text;
+}
+
+}  // namespace
+
+void OvxIdentifier::add_wan_mac() {
+  const auto wan = std::find_if(mParams.begin(), mParams.end(),
+                                [](const ovx_param& param) { return param.name == "OVX_WAN"; });
+  if (wan == mParams.end()) {
+    return;
+  }
+  ifreq request = requestFor(wan->value);
+  const QuerySocket kernel;
+  if (ioctl(kernel.descriptor(), SIOCGIFHWADDR, &request) < 0) {
+    std::perror("ioctl(wan_mac)");
+    return;
+  }
+  addParameter("OVX_WAN_ID", macText(request.ifr_hwaddr));
+}
