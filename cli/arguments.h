@@ -1,0 +1,26 @@
+#ifndef OVXID_CLI_ARGUMENTS_H
+#define OVXID_CLI_ARGUMENTS_H
+
+#include <stdexcept>
+#include <string>
+
+enum class Command { help, list, name, number, run, shell };
+
+struct Arguments {
+  Command command = Command::list;
+  bool verbose = false;
+  // The text that was asked for, of `help`.
+  std::string help;
+  // The words that belong to what `run` or `shell` launches, ended by a null pointer.
+  int launchedCount = 0;
+  char** launched = nullptr;
+};
+
+struct UsageError : std::runtime_error {
+  using std::runtime_error::runtime_error;
+};
+
+// Throws UsageError.
+Arguments readArguments(int argc, char** argv);
+
+#endif

@@ -1,0 +1,19 @@
+#include "cQlog.h"
+
+#include <iostream>
+#include <string>
+
+namespace {
+
+// In one piece, so that lines of several processes do not mix.
+void printLine(const std::string& level, const char* message) {
+  std::cerr << level + ": " + message + "\n";
+}
+
+}  // namespace
+
+void cQlog::debug(const char* message, ...) { printLine("debug", message); }
+void cQlog::info(const char* message, ...) { printLine("info", message); }
+void cQlog::warn(const char* message, ...) { printLine("warn", message); }
+void cQlog::error(const char* message, ...) { printLine("error", message); }
+void cQlog::fatal(const char* message, ...) { printLine("fatal", message); }
