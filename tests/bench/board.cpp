@@ -1,0 +1,177 @@
+#include "bench/board.h"
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdio>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+#include <stdexcept>
+#include <system_error>
+
+#include "bench/kernel.h"
+
+namespace fs = std::filesystem;
+
+namespace {
+
+std::string replaceable(const std::string& path) {
+  leaveTheMachine();
+  return path;
+}
+
+std::string inNode(const std::string& path) { return std::string(nodePath) + "/" + path; }
+
+void write(const std::string& path, const std::string& bytes) {
+  fs::create_directories(fs::path(path).parent_path());
+  std::ofstream file(path);
+  file << bytes << std::flush;
+  if (!file) {
+    throw std::runtime_error("cannot write " + path);
+  }
+}
+
+}  // namespace
+
+Board::Board() : mProc(replaceable("/proc")), mEtc(replaceable("/etc")) {
+  for (const char* entry : {"meminfo", "mounts", "net", "self", "stat", "sys", "thread-self"}) {
+    mProc.keep(entry);
+  }
+  mProc.keep(std::to_string(getpid()));
+  mEtc.keepAllBut("known_ovx_ids");
+  enterEmptyNetwork();
+  kernel = {"5.10.0", "armv7l", false, {}, {}, {}};
+}
+
+Board::~Board() { kernel = {}; }
+
+Board& Board::property(const std::string& path, const std::string& bytes) {
+  write(inNode(path), bytes);
+  return *this;
+}
+
+Board& Board::childNode(const std::string& path) { return directory(inNode(path)); }
+
+Board& Board::link(const std::string& path, const std::string& target) {
+  node();
+  fs::create_symlink(target, inNode(path));
+  return *this;
+}
+
+Board& Board::node() { return directory(nodePath); }
+
+Board& Board::cpuinfo(const std::string& text) {
+  write(cpuinfoPath, text);
+  return *this;
+}
+
+Board& Board::catalogue(const std::string& text) {
+  write(cataloguePath, text);
+  return *this;
+}
+
+Board& Board::kernelRelease(const std::string& release) {
+  kernel.release = release;
+  return *this;
+}
+
+Board& Board::machine(const std::string& machine) {
+  kernel.machine = machine;
+  return *this;
+}
+
+Board& Board::unameFails() {
+  kernel.unameFails = true;
+  return *this;
+}
+
+Board& Board::directory(const std::string& path) {
+  fs::create_directories(path);
+  return *this;
+}
+
+Board& Board::remove(const std::string& path) {
+  if (fs::remove_all(path) == 0) {
+    throw std::runtime_error("nothing to remove: " + path);
+  }
+  return *this;
+}
+
+Board& Board::forbid(const std::string& path, unsigned mode) {
+  if (chmod(path.c_str(), mode) != 0) {
+    throw std::system_error(errno, std::generic_category(), "chmod " + path);
+  }
+  return *this;
+}
+
+Board& Board::interface(const std::string& name, const std::string& mac) {
+  const std::string peer = "peer" + std::to_string(mInterfaces++);
+  ip("link add " + name + " address " + mac + " type veth peer name " + peer);
+  return *this;
+}
+
+Board& Board::mac(const std::string& interface, const std::string& mac) {
+  ip("link set " + interface + " address " + mac);
+  return *this;
+}
+
+Board& Board::address(const std::string& interface, const std::string& address) {
+  ip("address add " + address + " dev " + interface);
+  return *this;
+}
+
+Board& Board::labelledAddress(const std::string& label, const std::string& address) {
+  const std::string interface = label.substr(0, label.find(':'));
+  ip("address add " + address + " dev " + interface + " label " + label);
+  return *this;
+}
+
+Board& Board::socketFails(int error) {
+  kernel.socketError = error;
+  return *this;
+}
+
+Board& Board::requestFails(unsigned long request) {
+  kernel.failingRequest = request;
+  return *this;
+}
+
+Board& Board::kernelAnswersMac(const std::array<unsigned char, 6>& mac) {
+  kernel.mac = mac;
+  return *this;
+}
+
+Messages Board::messagesOf(const std::function<void()>& call) {
+  const auto before = static_cast<std::ptrdiff_t>(mLogger.messages.size());
+  call();
+  return {mLogger.messages.begin() + before, mLogger.messages.end()};
+}
+
+void Board::ip(const std::string& command) {
+  if (std::system(("ip " + command).c_str()) != 0) {
+    throw std::runtime_error("cannot make the interface (package iproute2): ip " + command);
+  }
+}
+
+std::string listing(OvxIdentifier& identifier) {
+  std::ostringstream out;
+  identifier.listParams(out);
+  return out.str();
+}
+
+Messages builtinCatalogueMessages() {
+  return {debug("Creating OvxIdentifier..."),
+          debug("Finding list of known identities..."),
+          warn("No /etc/known_ovx_ids, using default known hardware identities"),
+          debug("Known Hardware description: Tessaryn TQBLITE = 1"),
+          debug("Known Hardware description: Tessaryn TQB = 2"),
+          debug("Known Hardware description: Orvanix Starter Kit = 3")};
+}
+
+Messages missingNodeMessages() {
+  return {debug("Attempting to find alias by DT"),
+          debug("Could not open /proc/device-tree/orvanix/boardid "),
+          debug("Could not open /proc/device-tree/orvanix/description ")};
+}

@@ -1,0 +1,28 @@
+#ifndef OVXID_TESTS_BENCH_CHILD_H
+#define OVXID_TESTS_BENCH_CHILD_H
+
+#include <functional>
+#include <string>
+#include <vector>
+
+// How a child process ended and what it wrote.
+struct Outcome {
+  // The exit status, or 128 and the number of the signal that ended it, as the shell counts.
+  int status;
+  std::string out;
+  std::string err;
+};
+
+// Runs the call in a child process, which exits with its result.
+Outcome inChild(const std::function<int()>& call);
+
+// Runs a program, argv[0], in a child process, in the environment of this one.
+Outcome runProgram(const std::vector<std::string>& argv);
+
+// The arguments as a program receives them, ended by a null pointer, and valid as long as these.
+std::vector<char*> pointers(std::vector<std::string>& arguments);
+
+// What the call writes to standard error.
+std::string standardErrorOf(const std::function<void()>& call);
+
+#endif

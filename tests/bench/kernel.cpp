@@ -1,0 +1,49 @@
+#include "bench/kernel.h"
+
+#include <net/if.h>
+#include <sys/ioctl.h>
+#include <sys/socket.h>
+#include <sys/syscall.h>
+#include <sys/utsname.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdarg>
+#include <cstring>
+
+Kernel kernel;
+
+extern "C" int uname(utsname* name) noexcept {
+  if (kernel.unameFails) {
+    errno = EFAULT;
+    return -1;
+  }
+  *name = {};
+  kernel.release.copy(name->release, sizeof name->release - 1);
+  kernel.machine.copy(name->machine, sizeof name->machine - 1);
+  return 0;
+}
+
+extern "C" int socket(int domain, int type, int protocol) noexcept {
+  if (kernel.socketError) {
+    errno = *kernel.socketError;
+    return -1;
+  }
+  return static_cast<int>(syscall(SYS_socket, domain, type, protocol));
+}
+
+extern "C" int ioctl(int descriptor, unsigned long request, ...) noexcept {
+  if (request == kernel.failingRequest) {
+    errno = EIO;
+    return -1;
+  }
+  va_list arguments;
+  va_start(arguments, request);
+  void* const argument = va_arg(arguments, void*);
+  va_end(arguments);
+  if (request == SIOCGIFHWADDR && kernel.mac) {
+    std::memcpy(static_cast<ifreq*>(argument)->ifr_hwaddr.sa_data, kernel.mac->data(), 6);
+    return 0;
+  }
+  return static_cast<int>(syscall(SYS_ioctl, descriptor, request, argument));
+}

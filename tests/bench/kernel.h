@@ -1,0 +1,24 @@
+#ifndef OVXID_TESTS_BENCH_KERNEL_H
+#define OVXID_TESTS_BENCH_KERNEL_H
+
+#include <array>
+#include <optional>
+#include <string>
+
+// What the test program answers in the C library's place. Definitions of a program come before
+// those of its libraries, so the library under test calls these.
+struct Kernel {
+  std::string release;
+  std::string machine;
+  bool unameFails = false;
+  // The errno with which socket(2) fails.
+  std::optional<int> socketError;
+  // The ioctl(2) request that fails, with EIO.
+  std::optional<unsigned long> failingRequest;
+  // The hardware address of every interface.
+  std::optional<std::array<unsigned char, 6>> mac;
+};
+
+extern Kernel kernel;
+
+#endif

@@ -1,0 +1,32 @@
+#include "bench/logger.h"
+
+bool operator==(const Message& left, const Message& right) {
+  return left.level == right.level && left.text == right.text;
+}
+
+Messages operator+(Messages messages, const Message& next) {
+  messages.push_back(next);
+  return messages;
+}
+
+Messages operator+(Messages left, const Messages& right) {
+  left.insert(left.end(), right.begin(), right.end());
+  return left;
+}
+
+// Brackets show the blanks at the end of a text.
+void PrintTo(const Message& message, std::ostream* out) {
+  *out << "\n  " << message.level << ": [" << message.text << "]";
+}
+
+Message debug(const std::string& text) { return {"debug", text}; }
+Message info(const std::string& text) { return {"info", text}; }
+Message warn(const std::string& text) { return {"warn", text}; }
+Message error(const std::string& text) { return {"error", text}; }
+Message fatal(const std::string& text) { return {"fatal", text}; }
+
+void cQlog::debug(const char* format, ...) { messages.push_back(::debug(format)); }
+void cQlog::info(const char* format, ...) { messages.push_back(::info(format)); }
+void cQlog::warn(const char* format, ...) { messages.push_back(::warn(format)); }
+void cQlog::error(const char* format, ...) { messages.push_back(::error(format)); }
+void cQlog::fatal(const char* format, ...) { messages.push_back(::fatal(format)); }

@@ -1,0 +1,222 @@
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdlib>
+#include <fstream>
+
+#include "bench/board.h"
+#include "bench/child.h"
+
+namespace {
+
+// Launches in a child process whose environment is PATH and mEnvironment. A launch that fails
+// prints its result, its errno and the variables that the child has then.
+class Launch : public testing::Test {
+ protected:
+  Outcome launch(std::vector<std::string> arguments, bool useShell) {
+    const int count = static_cast<int>(arguments.size());
+    return launch(count, std::move(arguments), useShell);
+  }
+
+  Outcome launch(int count, std::vector<std::string> arguments, bool useShell) {
+    return inChild([&] {
+      clearenv();
+      setenv("PATH", "/usr/bin:/bin", 1);
+      for (const auto& [name, value] : mEnvironment) {
+        setenv(name.c_str(), value.c_str(), 1);
+      }
+      const int result = mIdentifier.execute(count, pointers(arguments).data(), useShell);
+      const int reason = errno;
+      std::printf("returned %d, errno %d\n", result, reason);
+      for (char** variable = environ; *variable != nullptr; ++variable) {
+        std::puts(*variable);
+      }
+      return 99;
+    });
+  }
+
+  Outcome shell(const std::string& script) { return launch({"-c", script}, true); }
+
+  Board mBoard;
+  OvxIdentifier mIdentifier{nullptr};
+  std::vector<std::pair<std::string, std::string>> mEnvironment;
+};
+
+TEST_F(Launch, RunsAProgramFoundThroughThePathWithItsArguments) {
+  const Outcome outcome = launch({"printf", "%s|", "-l", "a b", ""}, false);
+  EXPECT_EQ(outcome.out, "-l|a b||");
+  EXPECT_EQ(outcome.status, 0);
+}
+
+TEST_F(Launch, ReplacesTheProcessWhoseStatusIsThatOfTheProgram) {
+  EXPECT_EQ(launch({"sh", "-c", "exit 7"}, false).status, 7);
+}
+
+TEST_F(Launch, ShowsTheParametersToTheProgram) {
+  mIdentifier.addParameter("OVX_ID", "3");
+  mIdentifier.addParameter("OVX_DESC", "Tessaryn TQB");
+  EXPECT_EQ(launch({"printenv", "OVX_ID", "OVX_DESC"}, false).out, "3\nTessaryn TQB\n");
+}
+
+TEST_F(Launch, ShowsTheParametersToTheShell) {
+  mIdentifier.addParameter("OVX_ID", "3");
+  mIdentifier.addParameter("OVX_DESC", "Tessaryn TQB");
+  EXPECT_EQ(shell("echo $OVX_ID $OVX_DESC").out, "3 Tessaryn TQB\n");
+}
+
+TEST_F(Launch, KeepsTheOtherVariables) {
+  mEnvironment = {{"OTHER", "kept"}};
+  mIdentifier.addParameter("OVX_ID", "3");
+  EXPECT_EQ(launch({"printenv", "OTHER"}, false).out, "kept\n");
+}
+
+TEST_F(Launch, OverwritesAVariableThatIsSet) {
+  mEnvironment = {{"OVX_ID", "old"}};
+  mIdentifier.addParameter("OVX_ID", "3");
+  EXPECT_EQ(launch({"printenv", "OVX_ID"}, false).out, "3\n");
+}
+
+TEST_F(Launch, ExportsTheLaterOfTwoParametersOfOneName) {
+  mIdentifier.addParameter("OVX_ID", "3");
+  mIdentifier.addParameter("OVX_ID", "4");
+  EXPECT_EQ(launch({"printenv", "OVX_ID"}, false).out, "4\n");
+}
+
+TEST_F(Launch, ExportsThePropertyIdOverTheIdentitysOwn) {
+  mBoard.property("boardid", "7").property("id", "8").property("desc", "Bench Unit");
+  mIdentifier.loadParams();
+  EXPECT_EQ(launch({"printenv", "OVX_ID", "OVX_DESC"}, false).out, "8\nBench Unit\n");
+}
+
+TEST_F(Launch, ExportsTheLastWanInterfaceThoughTheMacIsThatOfTheFirst) {
+  mBoard.interface("eth0", "02:00:00:00:00:01");
+  mIdentifier.addParameter("OVX_WAN", "eth0");
+  mIdentifier.addParameter("OVX_WAN", "eth1");
+  mIdentifier.add_wan_mac();
+  EXPECT_EQ(launch({"printenv", "OVX_WAN", "OVX_WAN_ID"}, false).out, "eth1\n200001\n");
+}
+
+TEST_F(Launch, CutsAValueAtItsFirstNulByte) {
+  mIdentifier.addParameter("OVX_WAN", bytes("eth0\0"));
+  mIdentifier.addParameter("OVX_COMPATIBLE", bytes("a,b\0c,d\0"));
+  EXPECT_EQ(launch({"printenv", "OVX_WAN", "OVX_COMPATIBLE"}, false).out, "eth0\na,b\n");
+}
+
+TEST_F(Launch, ExportsACellThatBeginsWithAZeroByteAsEmpty) {
+  mIdentifier.addParameter("OVX_CELL", bytes("\0\0\0\1"));
+  EXPECT_EQ(shell("echo \"${OVX_CELL-unset}|\"").out, "|\n");
+}
+
+TEST_F(Launch, ExportsNamesThatAreNoShellIdentifiers) {
+  mIdentifier.addParameter("OVX_#ADDRESS-CELLS", "1");
+  EXPECT_EQ(launch({"printenv", "OVX_#ADDRESS-CELLS"}, false).out, "1\n");
+}
+
+TEST_F(Launch, SkipsAnEmptyNameAndOneWithAnEqualsSignAndGoesOn) {
+  mIdentifier.addParameter("", "x");
+  mIdentifier.addParameter("OVX_A=B", "x");
+  mIdentifier.addParameter("OVX_C", "1");
+  const Outcome outcome = launch({"env"}, false);
+  EXPECT_EQ(outcome.out, "PATH=/usr/bin:/bin\nOVX_C=1\n");
+  EXPECT_EQ(outcome.err, "");
+}
+
+TEST_F(Launch, WithAnEmptyListExportsNothing) {
+  EXPECT_EQ(launch({"env"}, false).out, "PATH=/usr/bin:/bin\n");
+}
+
+TEST_F(Launch, LoadsNoParametersItself) {
+  mBoard.property("boardid", "7");
+  EXPECT_EQ(launch({"env"}, false).out, "PATH=/usr/bin:/bin\n");
+}
+
+TEST_F(Launch, WithoutTheShellDoesNotUseTheCount) {
+  EXPECT_EQ(launch(-5, {"echo", "a", "b"}, false).out, "a b\n");
+  EXPECT_EQ(launch(1, {"echo", "a", "b"}, false).out, "a b\n");
+}
+
+TEST_F(Launch, WithoutTheShellDoesNotLookAtShell) {
+  mEnvironment = {{"SHELL", "/nonexistent"}};
+  EXPECT_EQ(launch({"echo", "a"}, false).out, "a\n");
+}
+
+TEST_F(Launch, WithTheShellRunsBashWhenShellIsNotSet) {
+  EXPECT_EQ(shell("echo $0 $BASH").out, "/bin/bash /bin/bash\n");
+}
+
+TEST_F(Launch, WithTheShellPassesAllOfTheArguments) {
+  EXPECT_EQ(launch({"-c", "printf '%s|' \"$0\" \"$@\"", "zero", "-x", ""}, true).out, "zero|-x||");
+}
+
+TEST_F(Launch, WithTheShellRunsAScript) {
+  const std::string script = "/proc/setup.sh";
+  std::ofstream(script) << "echo $0 $1\n";
+  mEnvironment = {{"SHELL", "/bin/sh"}};
+  EXPECT_EQ(launch({script, "a"}, true).out, "/proc/setup.sh a\n");
+}
+
+TEST_F(Launch, WithTheShellRunsTheOneThatShellNames) {
+  mEnvironment = {{"SHELL", "/bin/sh"}};
+  EXPECT_EQ(shell("echo $0").out, "/bin/sh\n");
+}
+
+TEST_F(Launch, WithTheShellLooksItUpInThePath) {
+  mEnvironment = {{"SHELL", "printf"}};
+  EXPECT_EQ(launch({"%s|", "a"}, true).out, "a|");
+}
+
+TEST_F(Launch, WithTheShellUsesAParameterNamedShell) {
+  mEnvironment = {{"SHELL", "/nonexistent"}};
+  mIdentifier.addParameter("SHELL", "/bin/sh");
+  EXPECT_EQ(shell("echo $0").out, "/bin/sh\n");
+}
+
+TEST_F(Launch, WithTheShellAndNoArgumentsStartsItBare) {
+  mEnvironment = {{"SHELL", "/bin/echo"}};
+  const Outcome outcome = launch({}, true);
+  EXPECT_EQ(outcome.out, "\n");
+  EXPECT_EQ(outcome.status, 0);
+}
+
+TEST_F(Launch, OfAMissingProgramReturnsWithItsErrnoAndTheParametersExported) {
+  mIdentifier.addParameter("OVX_ID", "3");
+  const Outcome outcome = launch({"no-such-program"}, false);
+  EXPECT_EQ(outcome.out,
+            "returned -1, errno " + std::to_string(ENOENT) + "\nPATH=/usr/bin:/bin\nOVX_ID=3\n");
+  EXPECT_EQ(outcome.err, "");
+}
+
+TEST_F(Launch, OfAProgramThatMayNotBeRunReturnsWithItsErrno) {
+  EXPECT_EQ(launch({"/proc"}, false).out,
+            "returned -1, errno " + std::to_string(EACCES) + "\nPATH=/usr/bin:/bin\n");
+}
+
+TEST_F(Launch, OfAMissingShellReturnsWithItsErrnoAndTheParametersExported) {
+  mEnvironment = {{"SHELL", "/nonexistent"}};
+  mIdentifier.addParameter("OVX_ID", "3");
+  EXPECT_EQ(shell("true").out, "returned -1, errno " + std::to_string(ENOENT) +
+                                   "\nPATH=/usr/bin:/bin\nSHELL=/nonexistent\nOVX_ID=3\n");
+}
+
+TEST_F(Launch, OfAnEmptyShellFails) {
+  mEnvironment = {{"SHELL", ""}};
+  EXPECT_EQ(shell("true").out,
+            "returned -1, errno " + std::to_string(ENOENT) + "\nPATH=/usr/bin:/bin\nSHELL=\n");
+}
+
+TEST_F(Launch, WithTheShellRefusesANegativeCountBeforeItExports) {
+  mIdentifier.addParameter("OVX_ID", "3");
+  EXPECT_EQ(launch(-1, {"-c", "true"}, true).out,
+            "returned -1, errno " + std::to_string(EINVAL) + "\nPATH=/usr/bin:/bin\n");
+}
+
+TEST_F(Launch, LogsNothing) {
+  OvxIdentifier identifier(mBoard.logger());
+  identifier.addParameter("OVX_A=B", "x");
+  std::vector<std::string> arguments{"no-such-program"};
+  EXPECT_EQ(mBoard.messagesOf([&] { identifier.execute(1, pointers(arguments).data(), false); }),
+            Messages{});
+}
+
+}  // namespace

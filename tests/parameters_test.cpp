@@ -1,0 +1,286 @@
+#include <gtest/gtest.h>
+
+#include <iomanip>
+#include <locale>
+#include <sstream>
+
+#include "bench/board.h"
+#include "bench/child.h"
+
+namespace {
+
+// Records what reaches it and how often it is flushed.
+class CountingBuffer : public std::stringbuf {
+ public:
+  int flushes = 0;
+
+ protected:
+  int sync() override {
+    ++flushes;
+    return std::stringbuf::sync();
+  }
+};
+
+TEST(AddParameter, AppendsToTheListInOrder) {
+  Board board;
+  OvxIdentifier identifier(nullptr);
+  identifier.addParameter("OVX_B", "1");
+  identifier.addParameter("OVX_A", "2");
+  EXPECT_EQ(listing(identifier), "OVX_B=1\nOVX_A=2\n");
+}
+
+TEST(AddParameter, KeepsSeveralOfTheSameName) {
+  Board board;
+  OvxIdentifier identifier(nullptr);
+  identifier.addParameter("OVX_A", "1");
+  identifier.addParameter("OVX_A", "1");
+  EXPECT_EQ(listing(identifier), "OVX_A=1\nOVX_A=1\n");
+}
+
+TEST(AddParameter, TransformsNoNameAndNoValue) {
+  Board board;
+  OvxIdentifier identifier(nullptr);
+  identifier.addParameter("", "");
+  identifier.addParameter(" lower=case ", " value ");
+  EXPECT_EQ(listing(identifier), "=\n lower=case = value \n");
+}
+
+TEST(AddParameter, LogsNothing) {
+  Board board;
+  OvxIdentifier identifier(board.logger());
+  EXPECT_EQ(board.messagesOf([&] { identifier.addParameter("OVX_A", "1"); }), Messages{});
+}
+
+TEST(Listing, OfAnEmptyListWritesNothingAndDoesNotFlush) {
+  Board board;
+  OvxIdentifier identifier(nullptr);
+  CountingBuffer buffer;
+  std::ostream out(&buffer);
+  identifier.listParams(out);
+  EXPECT_EQ(buffer.str(), "");
+  EXPECT_EQ(buffer.flushes, 0);
+}
+
+TEST(Listing, FlushesAfterEachRecord) {
+  Board board;
+  OvxIdentifier identifier(nullptr);
+  identifier.addParameter("OVX_A", "1");
+  identifier.addParameter("OVX_B", "2");
+  CountingBuffer buffer;
+  std::ostream out(&buffer);
+  identifier.listParams(out);
+  EXPECT_EQ(buffer.str(), "OVX_A=1\nOVX_B=2\n");
+  EXPECT_EQ(buffer.flushes, 2);
+}
+
+TEST(Listing, ReturnsTheStreamItWasGiven) {
+  Board board;
+  OvxIdentifier identifier(nullptr);
+  std::ostringstream out;
+  EXPECT_EQ(&identifier.listParams(out), &out);
+}
+
+TEST(Listing, WritesNulBytesOfAValue) {
+  Board board;
+  OvxIdentifier identifier(nullptr);
+  identifier.addParameter("OVX_A", bytes("a\0b\0"));
+  EXPECT_EQ(listing(identifier), bytes("OVX_A=a\0b\0\n"));
+}
+
+TEST(Listing, WritesNulBytesOfAName) {
+  Board board;
+  OvxIdentifier identifier(nullptr);
+  identifier.addParameter(bytes("OVX\0A"), "1");
+  EXPECT_EQ(listing(identifier), bytes("OVX\0A=1\n"));
+}
+
+TEST(Listing, LetsAValueWithANewlineSpanTwoLines) {
+  Board board;
+  OvxIdentifier identifier(nullptr);
+  identifier.addParameter("OVX_A", "one\ntwo");
+  EXPECT_EQ(listing(identifier), "OVX_A=one\ntwo\n");
+}
+
+TEST(Listing, QuotesNothing) {
+  Board board;
+  OvxIdentifier identifier(nullptr);
+  identifier.addParameter("OVX_DESC", "Tessaryn TQBLITE");
+  identifier.addParameter("OVX_A", "\"$x\" '\\");
+  EXPECT_EQ(listing(identifier), "OVX_DESC=Tessaryn TQBLITE\nOVX_A=\"$x\" '\\\n");
+}
+
+TEST(Listing, AppliesNoWidthOfTheStream) {
+  Board board;
+  OvxIdentifier identifier(nullptr);
+  identifier.addParameter("OVX_A", "1");
+  std::ostringstream out;
+  out << std::setw(20) << std::setfill('*') << std::left;
+  identifier.listParams(out);
+  EXPECT_EQ(out.str(), "OVX_A=1\n");
+}
+
+TEST(Listing, ChangesNothing) {
+  Board board;
+  OvxIdentifier identifier(board.logger());
+  identifier.addParameter("OVX_A", "1");
+  EXPECT_EQ(board.messagesOf([&] {
+    EXPECT_EQ(listing(identifier), "OVX_A=1\n");
+    EXPECT_EQ(listing(identifier), "OVX_A=1\n");
+  }),
+            Messages{});
+}
+
+TEST(Collection, OfAKnownBoardBeginsWithItsNumberAndName) {
+  Board board;
+  board.kernelRelease("5.10.0-ostart");
+  OvxIdentifier identifier(nullptr);
+  identifier.loadParams();
+  EXPECT_EQ(listing(identifier), "OVX_ID=3\nOVX_DESC=Orvanix Starter Kit\n");
+}
+
+TEST(Collection, ListsNumber3NamedTessarynTqb) {
+  Board board;
+  board.catalogue("Tessaryn TQB:3:tqb\n").kernelRelease("5.10.0-tqb");
+  OvxIdentifier identifier(nullptr);
+  identifier.loadParams();
+  EXPECT_EQ(listing(identifier), "OVX_ID=3\nOVX_DESC=Tessaryn TQB\n");
+}
+
+TEST(Collection, OfAnUnknownBoardBeginsWithTheDeviceTree) {
+  Board board;
+  board.property("wifi", "yes");
+  OvxIdentifier identifier(nullptr);
+  identifier.loadParams();
+  EXPECT_EQ(listing(identifier), "OVX_WIFI=yes\n");
+}
+
+TEST(Collection, OfAnUnknownBoardWithoutANodeIsEmpty) {
+  Board board;
+  OvxIdentifier identifier(nullptr);
+  identifier.loadParams();
+  EXPECT_EQ(listing(identifier), "");
+}
+
+TEST(Collection, CountsNumberZeroAsKnown) {
+  Board board;
+  board.catalogue("Field Node:0:fn1\n").kernelRelease("5.10.0-fn1");
+  OvxIdentifier identifier(nullptr);
+  identifier.loadParams();
+  EXPECT_EQ(listing(identifier), "OVX_ID=0\nOVX_DESC=Field Node\n");
+}
+
+TEST(Collection, LeavesOutANegativeNumberAndItsNameThoughTheBoardIsKnown) {
+  Board board;
+  board.catalogue("Field Node:-7:fn1\n").kernelRelease("5.10.0-fn1");
+  OvxIdentifier identifier(nullptr);
+  identifier.loadParams();
+  EXPECT_EQ(identifier.getHardwareName(), "Field Node");
+  EXPECT_EQ(listing(identifier), "");
+}
+
+TEST(Collection, WritesTheNumberWithoutGroupingInEveryLocale) {
+  struct Grouping : std::numpunct<char> {
+    char do_thousands_sep() const override { return '.'; }
+    std::string do_grouping() const override { return "\3"; }
+  };
+  Board board;
+  board.catalogue("Field Node:1234567:fn1\n").kernelRelease("5.10.0-fn1");
+  OvxIdentifier identifier(nullptr);
+  const std::locale before = std::locale::global({std::locale::classic(), new Grouping});
+  identifier.loadParams();
+  std::locale::global(before);
+  EXPECT_EQ(listing(identifier), "OVX_ID=1234567\nOVX_DESC=Field Node\n");
+}
+
+TEST(Collection, KeepsTheNulByteOfTheName) {
+  Board board;
+  board.property("boardid", "7").property("description", bytes("Field Node\0"));
+  OvxIdentifier identifier(nullptr);
+  identifier.getHardwareName();
+  board.remove(nodePath);
+  identifier.parse_params();
+  EXPECT_EQ(listing(identifier), bytes("OVX_ID=7\nOVX_DESC=Field Node\0\n"));
+}
+
+TEST(Collection, DoesNotDetermineTheIdentity) {
+  Board board;
+  board.property("boardid", "7");
+  OvxIdentifier identifier(board.logger());
+  EXPECT_EQ(board.messagesOf([&] { identifier.parse_params(); }), Messages{});
+  EXPECT_EQ(listing(identifier), "OVX_BOARDID=7\n");
+}
+
+TEST(Collection, OfAPcWithoutANodeSearchesTheWanInterface) {
+  Board board;
+  board.machine("x86_64");
+  board.interface("eth0", "02:42:ac:11:00:02").address("eth0", "10.0.0.1/24");
+  OvxIdentifier identifier(nullptr);
+  identifier.loadParams();
+  EXPECT_EQ(listing(identifier),
+            "OVX_ID=64\nOVX_DESC=x86_64 PC\nOVX_WAN=eth0\nOVX_WAN_ID=242ffac1102\n");
+}
+
+TEST(Collection, OfAPcWithANodeDoesNotSearchTheWanInterface) {
+  Board board;
+  board.machine("x86_64").node();
+  board.interface("eth0", "02:42:ac:11:00:02").address("eth0", "10.0.0.1/24");
+  OvxIdentifier identifier(nullptr);
+  identifier.loadParams();
+  EXPECT_EQ(listing(identifier), "OVX_ID=64\nOVX_DESC=x86_64 PC\n");
+}
+
+TEST(Collection, OfAnyBoardOfNumber64WithoutANodeSearchesTheWanInterface) {
+  Board board;
+  board.catalogue("Field Node:64:fn1\n").kernelRelease("5.10.0-fn1");
+  board.interface("eth0", "02:42:ac:11:00:02").address("eth0", "10.0.0.1/24");
+  OvxIdentifier identifier(nullptr);
+  identifier.loadParams();
+  EXPECT_EQ(listing(identifier),
+            "OVX_ID=64\nOVX_DESC=Field Node\nOVX_WAN=eth0\nOVX_WAN_ID=242ffac1102\n");
+}
+
+TEST(Collection, OfAnotherNumberWithoutANodeDoesNotSearchTheWanInterface) {
+  Board board;
+  board.kernelRelease("5.10.0-tqb");
+  board.interface("eth0", "02:42:ac:11:00:02").address("eth0", "10.0.0.1/24");
+  OvxIdentifier identifier(nullptr);
+  identifier.loadParams();
+  EXPECT_EQ(listing(identifier), "OVX_ID=2\nOVX_DESC=Tessaryn TQB\n");
+}
+
+TEST(Collection, TakesTheWanInterfaceOfTheDeviceTree) {
+  Board board;
+  board.property("wan", bytes("eth1\0"));
+  board.interface("eth1", "02:42:ac:11:00:02");
+  OvxIdentifier identifier(nullptr);
+  identifier.loadParams();
+  EXPECT_EQ(listing(identifier), bytes("OVX_WAN=eth1\0\nOVX_WAN_ID=242ffac1102\n"));
+}
+
+TEST(Collection, GivesThePropertiesIdAndDescAfterTheIdentitysOwn) {
+  Board board;
+  board.property("boardid", "7").property("description", "Field Node");
+  OvxIdentifier identifier(nullptr);
+  identifier.getHardwareName();
+  board.remove(nodePath).property("id", "8");
+  identifier.parse_params();
+  EXPECT_EQ(listing(identifier), "OVX_ID=7\nOVX_DESC=Field Node\nOVX_ID=8\n");
+  board.remove(nodePath).property("desc", "Bench Unit");
+  identifier.parse_params();
+  EXPECT_EQ(listing(identifier),
+            "OVX_ID=7\nOVX_DESC=Field Node\nOVX_ID=8\n"
+            "OVX_ID=7\nOVX_DESC=Field Node\nOVX_DESC=Bench Unit\n");
+}
+
+TEST(Collection, CalledTwiceAppendsASecondSet) {
+  Board board;
+  board.machine("x86_64");
+  board.interface("eth0", "02:42:ac:11:00:02").address("eth0", "10.0.0.1/24");
+  OvxIdentifier identifier(nullptr);
+  identifier.loadParams();
+  const std::string once = listing(identifier);
+  identifier.loadParams();
+  EXPECT_EQ(listing(identifier), once + once);
+}
+
+}  // namespace

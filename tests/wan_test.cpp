@@ -1,0 +1,341 @@
+#include <gtest/gtest.h>
+#include <net/if.h>
+#include <sys/ioctl.h>
+#include <sys/resource.h>
+
+#include <cerrno>
+#include <csignal>
+#include <filesystem>
+
+#include "bench/board.h"
+#include "bench/child.h"
+
+namespace {
+
+constexpr const char* someMac = "02:42:ac:11:00:02";
+
+std::ptrdiff_t openDescriptors() {
+  const std::filesystem::directory_iterator descriptors("/proc/self/fd");
+  return std::distance(begin(descriptors), end(descriptors));
+}
+
+// What the search appends to an empty list.
+std::string wanFound() {
+  OvxIdentifier identifier(nullptr);
+  identifier.search_wan();
+  return listing(identifier);
+}
+
+TEST(WanSearch, ChoosesTheFirstInterfaceThatIsNotLo) {
+  Board board;
+  board.address("lo", "127.0.0.1/8");
+  board.interface("eth0", someMac).address("eth0", "10.0.0.1/24");
+  board.interface("eth1", someMac).address("eth1", "10.0.1.1/24");
+  EXPECT_EQ(wanFound(), "OVX_WAN=eth0\n");
+}
+
+TEST(WanSearch, FollowsTheKernelsOrderAndNotTheAlphabet) {
+  Board board;
+  board.interface("eth1", someMac).address("eth1", "10.0.1.1/24");
+  board.interface("eth0", someMac).address("eth0", "10.0.0.1/24");
+  EXPECT_EQ(wanFound(), "OVX_WAN=eth1\n");
+}
+
+TEST(WanSearch, TakesAnAddressLabelAsTheName) {
+  Board board;
+  board.interface("eth0", someMac).labelledAddress("eth0:1", "10.0.0.1/24");
+  EXPECT_EQ(wanFound(), "OVX_WAN=eth0:1\n");
+}
+
+TEST(WanSearch, TakesALabelOfLoForAnyOtherName) {
+  Board board;
+  board.address("lo", "127.0.0.1/8").labelledAddress("lo:1", "127.0.0.2/8");
+  EXPECT_EQ(wanFound(), "OVX_WAN=lo:1\n");
+}
+
+TEST(WanSearch, TakesANameThatBeginsWithLoForAnyOther) {
+  Board board;
+  board.address("lo", "127.0.0.1/8");
+  board.interface("lo0", someMac).address("lo0", "10.0.0.1/24");
+  EXPECT_EQ(wanFound(), "OVX_WAN=lo0\n");
+}
+
+TEST(WanSearch, TakesANameOfFifteenCharactersWhole) {
+  Board board;
+  board.interface("fifteen-letters", someMac).address("fifteen-letters", "10.0.0.1/24");
+  EXPECT_EQ(wanFound(), "OVX_WAN=fifteen-letters\n");
+}
+
+TEST(WanSearch, NeverChoosesAnInterfaceWithoutAnIpv4Address) {
+  Board board;
+  board.interface("eth0", someMac).address("eth0", "fd00::1/64");
+  EXPECT_EQ(wanFound(), "");
+}
+
+TEST(WanSearch, PassesOverAnInterfaceWithoutAnIpv4Address) {
+  Board board;
+  board.interface("eth0", someMac);
+  board.interface("eth1", someMac).address("eth1", "10.0.1.1/24");
+  EXPECT_EQ(wanFound(), "OVX_WAN=eth1\n");
+}
+
+TEST(WanSearch, ChoosesAnInterfaceThatIsDown) {
+  Board board;
+  board.interface("eth0", someMac).address("eth0", "10.0.0.1/24");
+  EXPECT_EQ(wanFound(), "OVX_WAN=eth0\n");
+}
+
+TEST(WanSearch, OfNoAddressesFindsNothingInSilence) {
+  Board board;
+  EXPECT_EQ(standardErrorOf([&] { EXPECT_EQ(wanFound(), ""); }), "");
+}
+
+TEST(WanSearch, OfLoAloneFindsNothingInSilence) {
+  Board board;
+  board.address("lo", "127.0.0.1/8").address("lo", "127.0.0.2/8");
+  EXPECT_EQ(standardErrorOf([&] { EXPECT_EQ(wanFound(), ""); }), "");
+}
+
+TEST(WanSearch, OfLoAloneLeavesNothingToAskTheMacOf) {
+  Board board;
+  board.address("lo", "127.0.0.1/8");
+  OvxIdentifier identifier(nullptr);
+  EXPECT_EQ(standardErrorOf([&] {
+              identifier.search_wan();
+              identifier.add_wan_mac();
+            }),
+            "");
+  EXPECT_EQ(listing(identifier), "");
+}
+
+Board& loopbackAddresses(Board& board, int count) {
+  for (int i = 1; i <= count; ++i) {
+    board.address("lo", "127.0.1." + std::to_string(i) + "/32");
+  }
+  return board;
+}
+
+// 1024 bytes hold this many entries: 25 where an entry has 40 bytes.
+constexpr int entriesExamined = 1024 / sizeof(ifreq);
+
+TEST(WanSearch, ExaminesTheLastEntryThatFitsTheBuffer) {
+  Board board;
+  loopbackAddresses(board, entriesExamined - 1);
+  board.interface("eth0", someMac).address("eth0", "10.0.0.1/24");
+  EXPECT_EQ(wanFound(), "OVX_WAN=eth0\n");
+}
+
+TEST(WanSearch, ExaminesNoEntryBeyondTheBuffer) {
+  Board board;
+  loopbackAddresses(board, entriesExamined);
+  board.interface("eth0", someMac).address("eth0", "10.0.0.1/24");
+  EXPECT_EQ(wanFound(), "");
+}
+
+TEST(WanSearch, CalledTwiceAppendsTwice) {
+  Board board;
+  board.interface("eth0", someMac).address("eth0", "10.0.0.1/24");
+  OvxIdentifier identifier(nullptr);
+  identifier.search_wan();
+  identifier.search_wan();
+  EXPECT_EQ(listing(identifier), "OVX_WAN=eth0\nOVX_WAN=eth0\n");
+}
+
+TEST(WanSearch, ReportsAFailedSocket) {
+  Board board;
+  board.socketFails(EMFILE);
+  EXPECT_EQ(standardErrorOf([&] { EXPECT_EQ(wanFound(), ""); }), "socket: Too many open files\n");
+}
+
+TEST(WanSearch, ReportsAFailedRequest) {
+  Board board;
+  board.interface("eth0", someMac).address("eth0", "10.0.0.1/24").requestFails(SIOCGIFCONF);
+  EXPECT_EQ(standardErrorOf([&] { EXPECT_EQ(wanFound(), ""); }),
+            "ioctl(SIOCGIFCONF): Input/output error\n");
+}
+
+TEST(WanSearch, LogsNothing) {
+  Board board;
+  board.interface("eth0", someMac).address("eth0", "10.0.0.1/24");
+  OvxIdentifier identifier(board.logger());
+  EXPECT_EQ(board.messagesOf([&] { identifier.search_wan(); }), Messages{});
+}
+
+TEST(WanSearch, LeavesNoSocketOpen) {
+  Board board;
+  board.interface("eth0", someMac).address("eth0", "10.0.0.1/24");
+  OvxIdentifier identifier(nullptr);
+  const auto before = openDescriptors();
+  identifier.search_wan();
+  board.requestFails(SIOCGIFCONF);
+  standardErrorOf([&] { identifier.search_wan(); });
+  EXPECT_EQ(openDescriptors(), before);
+}
+
+// An identifier whose list names the WAN interface.
+class WanMac : public testing::Test {
+ protected:
+  std::string addedFor(const std::string& interface) {
+    OvxIdentifier identifier(nullptr);
+    identifier.addParameter("OVX_WAN", interface);
+    const std::string before = listing(identifier);
+    identifier.add_wan_mac();
+    return listing(identifier).substr(before.size());
+  }
+
+  Board mBoard;
+};
+
+struct MacCase {
+  const char* name;
+  const char* mac;
+  const char* text;
+};
+
+void PrintTo(const MacCase& mac, std::ostream* out) { *out << mac.mac; }
+
+class WanMacText : public WanMac, public testing::WithParamInterface<MacCase> {};
+
+TEST_P(WanMacText, IsUnpaddedHexadecimalWithHighBytesSignExtended) {
+  mBoard.interface("eth0", GetParam().mac);
+  EXPECT_EQ(addedFor("eth0"), std::string("OVX_WAN_ID=") + GetParam().text + "\n");
+}
+
+INSTANTIATE_TEST_SUITE_P(Of, WanMacText,
+                         testing::Values(MacCase{"LowBytes", "00:1a:2b:3c:4d:5e", "01a2b3c4d5e"},
+                                         MacCase{"OneHighByte", "02:42:ac:11:00:02", "242ffac1102"},
+                                         MacCase{"HighBytes", "b8:27:eb:12:34:56",
+                                                 "ffb827ffeb123456"}),
+                         [](const auto& test) { return test.param.name; });
+
+TEST_F(WanMac, OfTheLoopbackIsSixZeros) { EXPECT_EQ(addedFor("lo"), "OVX_WAN_ID=000000\n"); }
+
+// No interface can be given the broadcast address, so the kernel's answer is made up here.
+TEST_F(WanMac, OfSixHighBytesHasTwentyFourDigits) {
+  mBoard.kernelAnswersMac({0xff, 0xff, 0xff, 0xff, 0xff, 0xff});
+  EXPECT_EQ(addedFor("lo"), "OVX_WAN_ID=ffffffffffffffffffffffff\n");
+}
+
+TEST_F(WanMac, SignExtendsEveryByteFrom0x80On) {
+  mBoard.interface("eth0", someMac);
+  for (int byte = 0; byte < 256; ++byte) {
+    std::array<char, 20> mac{};
+    std::snprintf(mac.data(), mac.size(), "02:00:00:00:00:%02x", static_cast<unsigned>(byte));
+    mBoard.mac("eth0", mac.data());
+    std::array<char, 5> digits{};
+    std::snprintf(
+        digits.data(), digits.size(), "%x",
+        byte < 0x80 ? static_cast<unsigned>(byte) : 0xff00U + static_cast<unsigned>(byte));
+    EXPECT_EQ(addedFor("eth0"), std::string("OVX_WAN_ID=20000") + digits.data() + "\n");
+  }
+}
+
+TEST_F(WanMac, IsNotAskedWithoutAWanInterface) {
+  OvxIdentifier identifier(nullptr);
+  EXPECT_EQ(standardErrorOf([&] { identifier.add_wan_mac(); }), "");
+  EXPECT_EQ(listing(identifier), "");
+}
+
+TEST_F(WanMac, IsNotThatOfAParameterOfALongerName) {
+  OvxIdentifier identifier(nullptr);
+  identifier.addParameter("OVX_WAN2", "lo");
+  identifier.add_wan_mac();
+  EXPECT_EQ(listing(identifier), "OVX_WAN2=lo\n");
+}
+
+TEST_F(WanMac, IsNotThatOfAParameterOfOtherCase) {
+  OvxIdentifier identifier(nullptr);
+  identifier.addParameter("ovx_wan", "lo");
+  identifier.add_wan_mac();
+  EXPECT_EQ(listing(identifier), "ovx_wan=lo\n");
+}
+
+TEST_F(WanMac, IsThatOfTheFirstWanInterfaceOfTheList) {
+  mBoard.interface("eth0", "02:00:00:00:00:01").interface("eth1", "02:00:00:00:00:02");
+  OvxIdentifier identifier(nullptr);
+  identifier.addParameter("OVX_WAN", "eth1");
+  identifier.addParameter("OVX_WAN", "eth0");
+  identifier.add_wan_mac();
+  EXPECT_EQ(listing(identifier), "OVX_WAN=eth1\nOVX_WAN=eth0\nOVX_WAN_ID=200002\n");
+}
+
+TEST_F(WanMac, IsAskedForTheNameUpToItsFirstNulByte) {
+  mBoard.interface("eth0", someMac);
+  EXPECT_EQ(addedFor(bytes("eth0\0")), "OVX_WAN_ID=242ffac1102\n");
+  EXPECT_EQ(addedFor(bytes("eth0\0and far more than sixteen bytes")), "OVX_WAN_ID=242ffac1102\n");
+}
+
+TEST_F(WanMac, OfALabelIsThatOfItsInterface) {
+  mBoard.interface("eth0", someMac).labelledAddress("eth0:1", "10.0.0.1/24");
+  EXPECT_EQ(addedFor("eth0:1"), "OVX_WAN_ID=242ffac1102\n");
+}
+
+TEST_F(WanMac, OfAMissingInterfaceIsReportedAndNotAdded) {
+  EXPECT_EQ(standardErrorOf([&] { EXPECT_EQ(addedFor("eth7"), ""); }),
+            "ioctl(wan_mac): No such device\n");
+}
+
+TEST_F(WanMac, OfAnEmptyNameIsReportedAndNotAdded) {
+  EXPECT_EQ(standardErrorOf([&] { EXPECT_EQ(addedFor(""), ""); }),
+            "ioctl(wan_mac): No such device\n");
+}
+
+TEST_F(WanMac, WithoutASocketIsReportedAsABadDescriptor) {
+  mBoard.socketFails(EMFILE);
+  EXPECT_EQ(standardErrorOf([&] { EXPECT_EQ(addedFor("lo"), ""); }),
+            "ioctl(wan_mac): Bad file descriptor\n");
+}
+
+TEST_F(WanMac, WhoseRequestFailsIsReportedAndNotAdded) {
+  mBoard.requestFails(SIOCGIFHWADDR);
+  EXPECT_EQ(standardErrorOf([&] { EXPECT_EQ(addedFor("lo"), ""); }),
+            "ioctl(wan_mac): Input/output error\n");
+}
+
+TEST_F(WanMac, OfANameOfFifteenCharactersIsAdded) {
+  mBoard.interface("fifteen-letters", someMac);
+  EXPECT_EQ(addedFor("fifteen-letters"), "OVX_WAN_ID=242ffac1102\n");
+}
+
+TEST_F(WanMac, OfANameOfSixteenCharactersAbortsTheProcess) {
+  const rlimit noCore{0, 0};
+  EXPECT_EXIT(
+      {
+        setrlimit(RLIMIT_CORE, &noCore);
+        addedFor("sixteen-letters!");
+      },
+      testing::KilledBySignal(SIGABRT), "^$");
+}
+
+TEST_F(WanMac, OfANameFarTooLongAbortsTheProcess) {
+  const rlimit noCore{0, 0};
+  EXPECT_EXIT(
+      {
+        setrlimit(RLIMIT_CORE, &noCore);
+        addedFor(std::string(1000, 'x'));
+      },
+      testing::KilledBySignal(SIGABRT), "^$");
+}
+
+TEST_F(WanMac, CalledTwiceIsAddedTwice) {
+  OvxIdentifier identifier(nullptr);
+  identifier.addParameter("OVX_WAN", "lo");
+  identifier.add_wan_mac();
+  identifier.add_wan_mac();
+  EXPECT_EQ(listing(identifier), "OVX_WAN=lo\nOVX_WAN_ID=000000\nOVX_WAN_ID=000000\n");
+}
+
+TEST_F(WanMac, IsNotLogged) {
+  OvxIdentifier identifier(mBoard.logger());
+  identifier.addParameter("OVX_WAN", "lo");
+  EXPECT_EQ(mBoard.messagesOf([&] { identifier.add_wan_mac(); }), Messages{});
+}
+
+TEST_F(WanMac, LeavesNoSocketOpen) {
+  const auto before = openDescriptors();
+  addedFor("lo");
+  standardErrorOf([&] { addedFor("eth7"); });
+  EXPECT_EQ(openDescriptors(), before);
+}
+
+}  // namespace
