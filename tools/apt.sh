@@ -8,6 +8,11 @@
   packages_test=(libgtest-dev libgmock-dev iproute2 pkgconf pahole binutils)
   packages_check=(clang clang-format clang-tidy cppcheck shellcheck)
   packages_coverage=(gcovr)
+  packages_package=(build-essential debhelper dpkg-dev git lintian)
+  packages_cross_arm64=(crossbuild-essential-arm64 liblog4cpp5v5:arm64)
+  packages_cross_armhf=(crossbuild-essential-armhf liblog4cpp5v5:armhf)
+  packages_abi=(binutils pahole)
+  packages_install_test=(debootstrap)
 }
 
 as_root() {
@@ -18,8 +23,61 @@ as_root() {
   fi
 }
 
+# add_architecture ARCHITECTURE: lets packages of it be installed beside this machine's own.
+add_architecture() {
+  if ! { dpkg --print-architecture; dpkg --print-foreign-architectures; } | grep -x "$1" >/dev/null; then
+    as_root dpkg --add-architecture "$1"
+  fi
+}
+
+# is_installed PACKAGE[:ARCHITECTURE]: this machine's architecture unless it is named.
 is_installed() {
-  [[ $(dpkg-query --show --showformat='${db:Status-Status}' "$1" 2>/dev/null) == installed ]]
+  local architecture
+  architecture=$(dpkg --print-architecture)
+  [[ $1 != *:* ]] || architecture=${1#*:}
+  dpkg-query --show --showformat='${db:Status-Status} ${Architecture}\n' "${1%:*}" 2>/dev/null |
+    grep -Ex "installed ($architecture|all)" >/dev/null
+}
+
+apt_get() {
+  as_root env LC_ALL=C DEBIAN_FRONTEND=noninteractive \
+    apt-get --quiet --option DPkg::Lock::Timeout=600 --option Acquire::Retries=3 "$@"
+}
+
+# An index that cannot be refreshed need not be one that the packages come from: what matters is
+# whether they can be installed.
+refresh_and_install() {
+  apt_get update || true
+  apt_get install --yes --no-install-recommends "$@"
+}
+
+# What apt says when it is worth trying again: a mirror that is being updated serves indices and
+# packages that do not match for a moment, a network fails, another apt is running.
+passing_failures='Hash Sum mismatch|unexpected size|404 +Not Found|Could not get lock'
+passing_failures+='|Temporary failure|Could not connect|Unable to connect|Connection (failed|timed out)'
+
+# try_again COMMAND...: runs it up to four times, as long as apt says that it is worth it.
+try_again() {
+  local attempt log
+  log=$(mktemp)
+  for attempt in 1 2 3 4; do
+    if "$@" 2>&1 | tee "$log" >&2; then
+      rm "$log"
+      return 0
+    fi
+    if ! grep -Eq "$passing_failures" "$log"; then
+      rm "$log"
+      echo "apt failed; its last messages tell why" >&2
+      return 1
+    fi
+    if [[ $attempt -lt 4 ]]; then
+      echo "apt failed for what may pass (attempt $attempt of 4); trying again in $((attempt * 10)) s" >&2
+      sleep $((attempt * 10))
+    fi
+  done
+  rm "$log"
+  echo "apt failed four times, and its mirror or network stays as it is; try again later" >&2
+  return 1
 }
 
 # install_packages GROUP...: installs what is missing of these groups, and nothing when all is there.
@@ -33,7 +91,5 @@ install_packages() {
   done
   [[ ${#missing[@]} -gt 0 ]] || return 0
   echo "Installing ${missing[*]}" >&2
-  as_root apt-get update --quiet
-  as_root env DEBIAN_FRONTEND=noninteractive \
-    apt-get install --quiet --yes --no-install-recommends "${missing[@]}"
+  try_again refresh_and_install "${missing[@]}"
 }
