@@ -5,7 +5,7 @@ set(ovxid_warnings
   -Wall -Wextra -Wpedantic -Wconversion -Wsign-conversion -Wshadow -Wcast-align -Wcast-qual
   -Wformat=2 -Wnull-dereference -Wold-style-cast -Woverloaded-virtual -Wundef -Wunused)
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
-  list(APPEND ovxid_warnings -Wduplicated-branches -Wduplicated-cond -Wlogical-op -Wuseless-cast)
+  list(APPEND ovxid_warnings -Wduplicated-branches -Wduplicated-cond -Wlogical-op)
 endif()
 
 function(ovxid_build_flags target)
