@@ -41,29 +41,33 @@ bool identify(OvxIdentifier& board) {
   return identified;
 }
 
-int printIdentity(const std::string& value, bool identified) {
-  const int status = print(value + "\n");
-  if (status == exit_status::done && !identified) {
-    complain("board", "not identified");
-    return exit_status::notIdentified;
+// A query of an unidentified board would search once more, so its answer is given here.
+int unidentified(const std::string& answer) {
+  const int status = print(answer + "\n");
+  if (status != exit_status::done) {
+    return status;
   }
-  return status;
+  complain("board", "not identified");
+  return exit_status::notIdentified;
 }
 
-// A query of an unidentified board would search once more, so what it would answer stands here.
 int name(OvxIdentifier& board) {
-  const bool identified = identify(board);
-  return printIdentity(identified ? board.getHardwareName() : "Unknown", identified);
+  if (!identify(board)) {
+    return unidentified("Unknown");
+  }
+  return print(board.getHardwareName() + "\n");
 }
 
 int number(OvxIdentifier& board) {
-  const bool identified = identify(board);
-  return printIdentity(identified ? std::to_string(board.getHardwareNumber()) : "-1", identified);
+  if (!identify(board)) {
+    return unidentified("-1");
+  }
+  return print(std::to_string(board.getHardwareNumber()) + "\n");
 }
 
-int cannotLaunch(const std::string& program) {
+int cannotLaunch(const char* program) {
   const int reason = errno;
-  complain(program.empty() ? "''" : program, std::strerror(reason));
+  complain(*program == '\0' ? "''" : program, std::strerror(reason));
   return reason == ENOENT ? exit_status::notFound : exit_status::cannotRun;
 }
 

@@ -25,6 +25,9 @@ install(FILES
   cmake/FindLog4cpp.cmake
   DESTINATION "${ovxid_cmake_dir}" COMPONENT development)
 
+# Below the prefix, unless the builder gave absolute folders, so that the file can be relocated.
+cmake_path(APPEND ovxid_pc_libdir "\${prefix}" "${CMAKE_INSTALL_LIBDIR}")
+cmake_path(APPEND ovxid_pc_includedir "\${prefix}" "${CMAKE_INSTALL_INCLUDEDIR}")
 configure_file(cmake/ovxid.pc.in ovxid.pc @ONLY)
 install(FILES "${PROJECT_BINARY_DIR}/ovxid.pc"
   DESTINATION "${CMAKE_INSTALL_LIBDIR}/pkgconfig" COMPONENT development)

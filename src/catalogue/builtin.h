@@ -7,7 +7,7 @@
 
 struct BuiltinIdentity {
   HardwareIdentity identity;
-  const char* announcement;
+  const char* announcement = nullptr;
 };
 
 // The boards that are known without a catalogue file.

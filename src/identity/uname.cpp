@@ -11,7 +11,10 @@ bool OvxIdentifier::identifyByUname() {
     return false;
   }
   log(Priority::DEBUG, "No problems with uname");
-  return identifyByRelease(kernel.release) || identifyAsPc(kernel.machine);
+  if (identifyByRelease(kernel.release)) {
+    return true;
+  }
+  return identifyAsPc(kernel.machine);
 }
 
 bool OvxIdentifier::identifyByRelease(const std::string& release) {
