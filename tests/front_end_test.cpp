@@ -1,6 +1,8 @@
 #include <fcntl.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <sched.h>
+#include <sys/mount.h>
 #include <sys/personality.h>
 #include <sys/syscall.h>
 #include <sys/utsname.h>
@@ -332,6 +334,18 @@ TEST_F(FrontEnd, FailsToRunAShellThatIsNotExecutableWith126) {
   shellIs("/proc");
   const Outcome outcome = ovxid({"shell"});
   EXPECT_EQ(outcome.err, "ovxid: /proc: Permission denied\n");
+  EXPECT_EQ(outcome.status, 126);
+}
+
+TEST_F(FrontEnd, FailsToRunABashThatIsNotExecutableWith126) {
+  mPrepare = [] {
+    if (unshare(CLONE_NEWNS) != 0 ||
+        mount("/dev/null", "/bin/bash", nullptr, MS_BIND, nullptr) != 0) {
+      std::perror("cannot cover /bin/bash");
+    }
+  };
+  const Outcome outcome = ovxid({"shell"});
+  EXPECT_EQ(outcome.err, "ovxid: /bin/bash: Permission denied\n");
   EXPECT_EQ(outcome.status, 126);
 }
 

@@ -86,6 +86,7 @@ Outcome runProgram(const std::vector<std::string>& argv) {
 
 std::vector<char*> pointers(std::vector<std::string>& arguments) {
   std::vector<char*> argv;
+  argv.reserve(arguments.size() + 1);
   for (std::string& argument : arguments) {
     argv.push_back(argument.data());
   }

@@ -102,6 +102,7 @@ DroppedPrivileges::DroppedPrivileges() {
   setCapabilities(data);
 }
 
+// NOLINTNEXTLINE(bugprone-exception-escape): a test must not go on without them
 DroppedPrivileges::~DroppedPrivileges() {
   Capabilities data = capabilities();
   data[0].effective |= passPermissions;

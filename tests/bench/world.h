@@ -34,6 +34,7 @@ class ReplacedDirectory {
 class DroppedPrivileges {
  public:
   DroppedPrivileges();
+  // NOLINTNEXTLINE(bugprone-exception-escape): a test must not go on without them
   ~DroppedPrivileges();
   DroppedPrivileges(const DroppedPrivileges&) = delete;
   DroppedPrivileges& operator=(const DroppedPrivileges&) = delete;
