@@ -499,12 +499,19 @@ TEST_F(FrontEnd, KnowsNoBoardWhenOnlyHelpIsAskedFor) {
 TEST(ManualPage, NamesEveryOptionCommandAndExitStatusOfTheHelp) {
   std::ostringstream page;
   page << std::ifstream(OVXID_MANUAL_PAGE).rdbuf();
-  for (const char* text : {".BR list\n", ".BR name \", \" number\n", ".B run\n", ".B shell\n",
-                           ".BR \\-v \", \" \\-\\-verbose\n", ".BR \\-h \", \" \\-\\-help\n",
-                           ".B \\-\\-version\n", ".B 0\n", ".B 1\n", ".B 2\n", ".B 3\n", ".B 126\n",
-                           ".B 127\n", "\"ovxid " OVXID_VERSION "\""}) {
+  for (const char* text :
+       {".BR list\n", ".BR name \", \" number\n", ".B run\n", ".B shell\n",
+        ".BR \\-v \", \" \\-\\-verbose\n", ".BR \\-h \", \" \\-\\-help\n", ".B \\-\\-version\n",
+        ".B 0\n", ".B 1\n", ".B 2\n", ".B 3\n", ".B 126\n", ".B 127\n"}) {
     EXPECT_THAT(page.str(), HasSubstr(std::string(text)));
   }
+}
+
+TEST(ManualPage, IsOfThisVersion) {
+  std::ifstream page(OVXID_MANUAL_PAGE);
+  std::string title;
+  std::getline(page, title);
+  EXPECT_THAT(title, HasSubstr("\"ovxid " + std::string(OVXID_VERSION) + "\""));
 }
 
 }  // namespace

@@ -32,9 +32,9 @@ std::string macText(const sockaddr& address) {
   for (std::size_t i = 0; i < macLength; ++i) {
     const auto byte = static_cast<signed char>(address.sa_data[i]);
     std::array<char, 4> digits{};
-    const auto end =
-        std::to_chars(digits.begin(), digits.end(), static_cast<std::uint16_t>(byte), 16).ptr;
-    text.append(digits.begin(), end);
+    const std::to_chars_result written =
+        std::to_chars(digits.begin(), digits.end(), static_cast<std::uint16_t>(byte), 16);
+    text.append(digits.begin(), written.ptr);
   }
   return text;
 }
