@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <stdexcept>
 
@@ -280,6 +281,17 @@ TEST(Cpuinfo, IsReadUpToTheFirstHardwareLine) {
                 debug("Found possisble alias: 'Bench Unit'") +
                 debug("Searching known real names..."));
   EXPECT_EQ(report(board, identifier), benchUnitReport);
+}
+
+TEST(Cpuinfo, IsNotReadBeyondAHardwareLineThatMatchesNothing) {
+  Board board;
+  board.catalogue(twoBoards).cpuinfo("Hardware\t: Other\nHardware\t: Field Node\n");
+  OvxIdentifier identifier(board.logger());
+  const Messages messages = determination(board, identifier, false);
+  EXPECT_EQ(messages.back(), failed);
+  EXPECT_EQ(
+      std::count(messages.begin(), messages.end(), debug("Cpuinfo line: Hardware\t: Field Node")),
+      0);
 }
 
 TEST(Cpuinfo, OfALastLineWithoutANewlineCounts) {
