@@ -9,10 +9,15 @@
   packages_check=(clang clang-format clang-tidy cppcheck shellcheck)
   packages_coverage=(gcovr)
   packages_package=(build-essential debhelper dpkg-dev git lintian)
+  packages_cross_amd64=(crossbuild-essential-amd64 liblog4cpp5v5:amd64)
   packages_cross_arm64=(crossbuild-essential-arm64 liblog4cpp5v5:arm64)
   packages_cross_armhf=(crossbuild-essential-armhf liblog4cpp5v5:armhf)
   packages_abi=(binutils pahole)
-  packages_install_test=(debootstrap)
+  packages_install_test=(debootstrap debian-archive-keyring zstd)
+  # These are for the clean root of tests/packages: what programs are compiled with there, and what
+  # our packages bring along.
+  packages_consumer=(g++ make cmake pkgconf)
+  packages_brought_along=(liblog4cpp5-dev)
 }
 
 as_root() {
@@ -55,6 +60,7 @@ refresh_and_install() {
 # packages that do not match for a moment, a network fails, another apt is running.
 passing_failures='Hash Sum mismatch|unexpected size|404 +Not Found|Could not get lock'
 passing_failures+='|Temporary failure|Could not connect|Unable to connect|Connection (failed|timed out)'
+passing_failures+="|Failed getting release file|Couldn't download"
 
 # try_again COMMAND...: runs it up to four times, as long as apt says that it is worth it.
 try_again() {
@@ -84,6 +90,10 @@ try_again() {
 install_packages() {
   local group package missing=()
   for group; do
+    if ! [[ -v packages_$group ]]; then
+      echo "tools/apt.sh has no packages for $group" >&2
+      return 1
+    fi
     local -n packages=packages_$group
     for package in "${packages[@]}"; do
       is_installed "$package" || missing+=("$package")
