@@ -7,6 +7,14 @@
 #include <string>
 #include <vector>
 
+/**
+ * @brief The logger of the board's closed logging library, libqlog.so.0, or of the program's own.
+ *
+ * The library calls the non-virtual methods debug, info, warn, error and fatal, each declared as
+ * void debug(const char* format, ...), and refers to them weakly. A program that passes a logger
+ * has to bring all five where the dynamic linker sees them: defined outside the class and not
+ * hidden. A method that is missing then is a call of a null pointer.
+ */
 class cQlog;
 struct FTW;
 struct stat;
@@ -20,7 +28,7 @@ struct stat;
 struct HardwareIdentity {
   /** The board's canonical name. Any bytes. */
   std::string name;
-  /** The other names under which the board's kernel may report itself, in catalogue order. */
+  /** The other names under which the board's kernel may report itself, in the order of the line. */
   std::vector<std::string> aliases;
   /** The board number. Every value is allowed. It has no value until one is assigned. */
   std::int32_t number;
@@ -46,21 +54,22 @@ struct ovx_param {
  * listParams() or execute(). Nothing is determined or collected before it is asked for.
  *
  * The identifier is undetermined until determineIdentity(), which the queries call, finds an
- * identity; from then on the queries answer from memory. Only success is kept: on a board that is
- * not recognised, every query searches, and reports, again.
+ * identity; while it is determined, the queries answer from memory. Only success is kept: on a
+ * board that is not recognised, every query searches, and reports, again.
  *
  * The board's facts come from the kernel: the device-tree node /proc/device-tree/orvanix, uname(2),
  * /proc/cpuinfo and the network interfaces. Names that the kernel reports are looked up in the
  * catalogue of known identities, /etc/known_ovx_ids. Every path is fixed.
  *
- * Messages go to the logger that the constructor was given. The library throws nothing of its own;
+ * Messages go to the logger that the constructor was given; search_wan() and add_wan_mac() alone
+ * report their failures on standard error instead. The library throws nothing of its own;
  * std::bad_alloc may leave any member that builds strings, and determineIdentity() names the one
  * input that makes it throw.
  *
  * An identifier is used by one thread at a time, and only one thread of a process may collect
  * parameters or launch a program. Copies share the logger and nothing else.
  */
-class [[gnu::visibility("default")]] OvxIdentifier {
+class __attribute__((visibility("default"))) OvxIdentifier {
  public:
   /**
    * @brief Makes an undetermined identifier, named "Unknown" with number -1, and loads the
@@ -69,19 +78,20 @@ class [[gnu::visibility("default")]] OvxIdentifier {
    * Logs "Creating OvxIdentifier..." at DEBUG and calls findKnownIdentities(). The board is not
    * identified yet.
    *
-   * @param logger Receives every message. It stays the caller's and must outlive the identifier.
-   *        Null silences the library. A program that passes a logger has to bring the class cQlog,
-   *        from libqlog.so.0 or of its own.
+   * @param logger Receives every log message, and must be there as long as members are called. It
+   *        stays the caller's: it is never freed or replaced. With null, nothing is logged and no
+   *        message is composed.
    */
-  explicit OvxIdentifier(cQlog * logger);
+  explicit OvxIdentifier(cQlog* logger);
 
   /**
    * @brief Returns the board's name, determining the identity first when it is not determined yet.
    *
    * A determination is followed by logFullId(), at DEBUG after success and at ERROR after failure.
    *
-   * @return The name; "Unknown" when the board is not recognised, or when its device tree gives a
-   *         number and no description. Empty when the description is an empty file.
+   * @return The name, every byte of it: one from the device tree usually ends in a NUL byte.
+   *         "Unknown" when the board is not recognised, or when its device tree has a "boardid" and
+   *         never gave a "description". Empty when the first line of the description is.
    * @throw std::out_of_range As determineIdentity() does.
    */
   std::string getHardwareName();
@@ -111,20 +121,24 @@ class [[gnu::visibility("default")]] OvxIdentifier {
    *
    * The first source that yields an identity ends the search:
    * -# /proc/device-tree/orvanix: an openable "boardid" is enough. Its number and the first line
-   *    of "description" are taken as they stand, without the catalogue. A "boardid" of blanks or
-   *    nothing leaves the number as it was, one that begins with no number gives 0, and one out of
-   *    range the nearest limit.
+   *    of "description" are taken without the catalogue, NUL bytes and carriage returns included. A
+   *    "boardid" of blanks or nothing leaves the number as it was, one that begins with no number
+   *    gives 0, and one out of range the nearest limit. Without a "description" the name stays.
    * -# uname(2): the kernel release after its last '-', compared with the aliases of the catalogue.
    * -# uname(2): the machine "x86_64" is the identity "x86_64 PC" with number 64.
-   * -# /proc/cpuinfo: what follows the ':' and one character more in the first line that begins
-   *    with "Hardware", compared with all names of the catalogue and then with its aliases.
+   * -# /proc/cpuinfo: the first line that begins with "Hardware", from two characters after the
+   *    position of its first ':' (from its second character when it has none), compared with all
+   *    names of the catalogue and then with its aliases.
    *
-   * The aliases of an earlier determination stay unless a catalogue identity replaces them. When
-   * every source fails, the name is reset to "Unknown" and the number to -1. The steps are logged
-   * at DEBUG, a repeated determination and a failed uname(2) at WARN, and failure at ERROR; the
-   * report of logFullId() is left to the queries.
+   * Names and aliases are compared whole, case-sensitively and untrimmed, and the first identity of
+   * the catalogue that matches wins. After a failed uname(2), /proc/cpuinfo is next. The aliases of
+   * an earlier determination stay unless a catalogue identity replaces them. When every source
+   * fails, the name is reset to "Unknown" and the number to -1.
    *
-   * @return True when the board was identified.
+   * The steps are logged at DEBUG, a repeated determination and a failed uname(2) at WARN, and
+   * failure at ERROR; the report of logFullId() is left to the queries.
+   *
+   * @return True when the board was identified; false when the identifier is undetermined now.
    * @throw std::out_of_range If the only ':' of the "Hardware" line is its last character. The
    *        identifier is undetermined then; its name may already be that of the "description".
    */
@@ -150,8 +164,9 @@ class [[gnu::visibility("default")]] OvxIdentifier {
   /**
    * @brief Logs the identity as it stands, without determining it.
    *
-   * Four messages for a determined identity: "Full identity: ", the name, the number, and the
-   * aliases, each followed by a blank. Three otherwise: "Identity is unknown: ", name and number.
+   * For a determined identity: "Full identity: ", then "Real name: " and the name, "Hardware
+   * number: " and the number, and "Aliases: " and the aliases with a blank behind each alias.
+   * Otherwise: "Identity is unknown: ", name and number alike, and no aliases.
    *
    * @param level The level of every one of these messages, as for tryLog().
    */
@@ -161,10 +176,11 @@ class [[gnu::visibility("default")]] OvxIdentifier {
    * @brief Appends the catalogue of known identities to what the identifier holds.
    *
    * The constructor calls this; a second call appends every identity a second time. The records
-   * come from the lines of /etc/known_ovx_ids that parseIdentityLine() accepts, in order. A
-   * built-in table of three boards replaces a file that cannot be opened, which is logged at WARN;
-   * it does not replace one that can be opened and holds no identity. A read error ends the
-   * catalogue quietly.
+   * come from the lines of /etc/known_ovx_ids that parseIdentityLine() accepts, in order; there are
+   * no comments. A built-in table replaces a file that cannot be opened, which is logged at WARN: 1
+   * "Tessaryn TQBLITE", 2 "Tessaryn TQB" and 3 "Orvanix Starter Kit". It does not replace a file
+   * that can be opened and holds no identity. A read error ends the catalogue quietly. Every other
+   * step is logged at DEBUG.
    */
   void findKnownIdentities();
 
@@ -172,16 +188,17 @@ class [[gnu::visibility("default")]] OvxIdentifier {
    * @brief Reads one line of the catalogue, "name:number[:alias]...".
    *
    * Values are the runs of characters between colons, so leading, doubled and trailing colons count
-   * for nothing. They are not trimmed. What follows the digits of the number is ignored.
+   * for nothing. They are not trimmed, but the number, which may have a sign, may stand behind
+   * white space, and what follows its digits is ignored. The catalogue itself is not touched.
    *
    * @param record Receives the name and the number; the aliases are appended to those it has. A
-   *        line of fewer than two values leaves it untouched, and one whose second value is no
-   *        signed 32-bit decimal number replaces its name only.
+   *        line of fewer than two values leaves it untouched, and one whose second value begins
+   * with no decimal number, or one outside the signed 32-bit range, replaces its name only.
    * @param line The line without its newline.
    * @return True when the line was accepted, which is logged at DEBUG; a rejected line is logged at
    *         WARN.
    */
-  bool parseIdentityLine(HardwareIdentity & record, std::string line);
+  bool parseIdentityLine(HardwareIdentity& record, std::string line);
 
   /**
    * @brief Appends the board parameters to the list, without determining the identity.
@@ -210,7 +227,7 @@ class [[gnu::visibility("default")]] OvxIdentifier {
    * @param out The stream to write to.
    * @return The same stream, whose state tells whether the writing succeeded.
    */
-  std::ostream& listParams(std::ostream & out);
+  std::ostream& listParams(std::ostream& out);
 
   /**
    * @brief Looks for the WAN interface and appends its name as "OVX_WAN".
@@ -275,8 +292,8 @@ class [[gnu::visibility("default")]] OvxIdentifier {
   bool identifyAsPc(const std::string& machine);
   bool identifyByCpuinfo();
   bool identifyByHardwareLine(const std::string& line);
-  bool adopt(const HardwareIdentity& identity);
-  void readCatalogue(std::istream & file);
+  void adopt(const HardwareIdentity& identity);
+  void readCatalogue(std::istream& file);
   void useBuiltinCatalogue();
 };
 
@@ -291,7 +308,7 @@ class [[gnu::visibility("default")]] OvxIdentifier {
  * Never instantiated: nftw(3) passes its callback no context, so the identifier that a walk feeds
  * is kept in a variable of the process, and walks must not run at the same time.
  */
-class [[gnu::visibility("default")]] OvxDTParser {
+class __attribute__((visibility("default"))) OvxDTParser {
  public:
   /** The identifier that the walk feeds: null before the first walk, then that of the last one. */
   static OvxIdentifier* mOVxId;
@@ -306,7 +323,7 @@ class [[gnu::visibility("default")]] OvxDTParser {
    * @return 0 when the walk was completed; -1 with errno from nftw(3) when it failed, as it does
    *         when the directory does not exist.
    */
-  static int parse(OvxIdentifier * id, char* dir);
+  static int parse(OvxIdentifier* id, char* dir);
 
   /**
    * @brief Handles one entry of the walk. Called by nftw(3); mOVxId must be set.

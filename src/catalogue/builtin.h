@@ -7,7 +7,7 @@
 
 struct BuiltinIdentity {
   HardwareIdentity identity;
-  const char* announcement = nullptr;
+  const char* message;
 };
 
 // The boards that are known without a catalogue file.

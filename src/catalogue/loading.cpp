@@ -27,6 +27,6 @@ void OvxIdentifier::readCatalogue(std::istream& file) {
 void OvxIdentifier::useBuiltinCatalogue() {
   for (const BuiltinIdentity& known : builtinIdentities()) {
     mKnownIdentities.push_back(known.identity);
-    log(Priority::DEBUG, known.announcement);
+    log(Priority::DEBUG, known.message);
   }
 }

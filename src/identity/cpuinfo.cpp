@@ -30,13 +30,15 @@ bool OvxIdentifier::identifyByHardwareLine(const std::string& line) {
   log(Priority::DEBUG, "Searching known real names...");
   for (const HardwareIdentity& identity : mKnownIdentities) {
     if (identity.name == value) {
-      return adopt(identity);
+      adopt(identity);
+      return true;
     }
   }
   log(Priority::DEBUG, "Searching known aliases...");
   for (const HardwareIdentity& identity : mKnownIdentities) {
     if (hasAlias(identity, value)) {
-      return adopt(identity);
+      adopt(identity);
+      return true;
     }
   }
   log(Priority::ERROR, "The possible alias is not a real name or alias of any identity");

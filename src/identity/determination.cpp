@@ -13,13 +13,13 @@ bool OvxIdentifier::determineIdentity() {
   log(Priority::ERROR, "Could not find hardware identity with uname or through /proc/cpuinfo");
   mHardwareNumber = -1;
   mHardwareName = "Unknown";
+  mDetermined = false;
   return false;
 }
 
-bool OvxIdentifier::adopt(const HardwareIdentity& identity) {
+void OvxIdentifier::adopt(const HardwareIdentity& identity) {
   mDetermined = true;
   mHardwareName = identity.name;
   mHardwareAliases = identity.aliases;
   mHardwareNumber = identity.number;
-  return true;
 }

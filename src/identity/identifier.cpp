@@ -17,7 +17,7 @@ std::int32_t OvxIdentifier::getHardwareNumber() {
 }
 
 void OvxIdentifier::loadParams() {
-  queryIdentity();
+  getHardwareNumber();
   parse_params();
 }
 

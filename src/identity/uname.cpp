@@ -2,6 +2,7 @@
 
 #include "identity/aliases.h"
 #include "identity/log.h"
+#include "identity/pc.h"
 
 bool OvxIdentifier::identifyByUname() {
   log(Priority::DEBUG, "Attempting to find alias by uname");
@@ -29,7 +30,8 @@ bool OvxIdentifier::identifyByRelease(const std::string& release) {
     log(Priority::DEBUG, "Searching known aliases of ", identity.name, "...");
     if (hasAlias(identity, suffix)) {
       log(Priority::DEBUG, "Alias: ", suffix, " is an alias of identity: ", identity.name);
-      return adopt(identity);
+      adopt(identity);
+      return true;
     }
   }
   return false;
@@ -40,7 +42,7 @@ bool OvxIdentifier::identifyAsPc(const std::string& machine) {
     return false;
   }
   mDetermined = true;
-  mHardwareNumber = 64;
+  mHardwareNumber = pcNumber;
   mHardwareName = "x86_64 PC";
   return true;
 }

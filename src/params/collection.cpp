@@ -1,10 +1,5 @@
 #include "OvxIdentifier.h"
-
-namespace {
-
-constexpr std::int32_t pcNumber = 64;
-
-}  // namespace
+#include "identity/pc.h"
 
 void OvxIdentifier::parse_params() {
   if (mHardwareNumber >= 0) {
