@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "bench/board.h"
 
 using log4cpp::Priority;
@@ -46,6 +48,11 @@ TEST(CatalogueFile, ThatIsMissingIsReplacedByThreeBuiltInBoards) {
             (Names{"Tessaryn TQBLITE", "Tessaryn TQB", "Orvanix Starter Kit"}));
 }
 
+constexpr const char* builtinTableAsFile =
+    "Tessaryn TQBLITE:1:tqblite\n"
+    "Tessaryn TQB:2:tqb\n"
+    "Orvanix Starter Kit:3:ostart:Tessaryn Orvanix Starter Kit\n";
+
 struct BuiltinCase {
   const char* name;
   const char* alias;
@@ -56,18 +63,29 @@ struct BuiltinCase {
 
 void PrintTo(const BuiltinCase& builtin, std::ostream* out) { *out << builtin.alias; }
 
-class BuiltIn : public testing::TestWithParam<BuiltinCase> {};
+class BuiltIn : public testing::TestWithParam<BuiltinCase> {
+ protected:
+  void expectToBeFound(Board& board) {
+    board.kernelRelease(std::string("5.10.0-") + GetParam().alias);
+    OvxIdentifier identifier(board.logger());
+    EXPECT_TRUE(identifier.determineIdentity());
+    EXPECT_EQ(
+        board.messagesOf([&] { identifier.logFullId(Priority::INFO); }),
+        (Messages{info("Full identity: "), info(std::string("Real name: ") + GetParam().boardName),
+                  info(std::string("Hardware number: ") + GetParam().number),
+                  info(std::string("Aliases: ") + GetParam().aliases)}));
+  }
+};
 
 TEST_P(BuiltIn, BoardIsFoundByItsAlias) {
   Board board;
-  board.kernelRelease(std::string("5.10.0-") + GetParam().alias);
-  OvxIdentifier identifier(board.logger());
-  EXPECT_TRUE(identifier.determineIdentity());
-  EXPECT_EQ(
-      board.messagesOf([&] { identifier.logFullId(Priority::INFO); }),
-      (Messages{info("Full identity: "), info(std::string("Real name: ") + GetParam().boardName),
-                info(std::string("Hardware number: ") + GetParam().number),
-                info(std::string("Aliases: ") + GetParam().aliases)}));
+  expectToBeFound(board);
+}
+
+TEST_P(BuiltIn, BoardIsFoundInAFileOfTheSameContent) {
+  Board board;
+  board.catalogue(builtinTableAsFile);
+  expectToBeFound(board);
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -89,23 +107,6 @@ TEST(CatalogueFile, LoadsItsLinesInOrder) {
                                   debug("Found hardware identity: Board number 3(Field Node)") +
                                   debug("Found hardware identity: Board number 9(Bench Unit)"));
   EXPECT_EQ(namesSearched(board, identifier), (Names{"Field Node", "Bench Unit"}));
-}
-
-TEST(CatalogueFile, WithTheContentOfTheBuiltInTableHoldsTheSameBoards) {
-  Board board;
-  board.catalogue(
-      "Tessaryn TQBLITE:1:tqblite\n"
-      "Tessaryn TQB:2:tqb\n"
-      "Orvanix Starter Kit:3:ostart:Tessaryn Orvanix Starter Kit\n");
-  board.kernelRelease("5.10.0-Tessaryn Orvanix Starter Kit");
-  OvxIdentifier identifier(board.logger());
-  EXPECT_TRUE(identifier.determineIdentity());
-  EXPECT_EQ(board.messagesOf([&] { identifier.logFullId(Priority::INFO); }),
-            (Messages{info("Full identity: "), info("Real name: Orvanix Starter Kit"),
-                      info("Hardware number: 3"),
-                      info("Aliases: ostart Tessaryn Orvanix Starter Kit ")}));
-  EXPECT_EQ(namesSearched(board, identifier),
-            (Names{"Tessaryn TQBLITE", "Tessaryn TQB", "Orvanix Starter Kit"}));
 }
 
 TEST(CatalogueFile, ThatIsEmptyReplacesTheBuiltInTable) {
@@ -162,6 +163,9 @@ TEST(CatalogueFile, WithTheSameLineTwiceHoldsTwoRecords) {
   Board board;
   board.catalogue("Field Node:3:fn1\nField Node:3:fn1\n");
   OvxIdentifier identifier(board.logger());
+  EXPECT_EQ(board.messages(), opening +
+                                  debug("Found hardware identity: Board number 3(Field Node)") +
+                                  debug("Found hardware identity: Board number 3(Field Node)"));
   EXPECT_EQ(namesSearched(board, identifier), (Names{"Field Node", "Field Node"}));
 }
 
@@ -194,8 +198,10 @@ TEST(CatalogueFile, ThatMayNotBeReadIsLikeAMissingOne) {
   Board board;
   board.catalogue("Field Node:3\n").forbid(cataloguePath);
   const DroppedPrivileges dropped;
-  const OvxIdentifier identifier(board.logger());
+  OvxIdentifier identifier(board.logger());
   EXPECT_EQ(board.messages(), builtinCatalogueMessages());
+  EXPECT_EQ(namesSearched(board, identifier),
+            (Names{"Tessaryn TQBLITE", "Tessaryn TQB", "Orvanix Starter Kit"}));
 }
 
 TEST(CatalogueFile, ThatIsADirectoryOpensAndHoldsNothing) {
@@ -206,12 +212,35 @@ TEST(CatalogueFile, ThatIsADirectoryOpensAndHoldsNothing) {
   EXPECT_EQ(namesSearched(board, identifier), Names{});
 }
 
+TEST(CatalogueFile, ThatFailsInTheMiddleKeepsWhatWasReadWithoutAMessage) {
+  Board board;
+  std::string lines;
+  for (int i = 0; i < 1000; ++i) {
+    lines += "Field Node:3:an alias to fill the file with\n";
+  }
+  board.catalogue(lines).readFailsAfter(1);
+  const OvxIdentifier identifier(board.logger());
+  const auto found = static_cast<std::size_t>(
+      std::count(board.messages().begin(), board.messages().end(),
+                 debug("Found hardware identity: Board number 3(Field Node)")));
+  EXPECT_GT(found, 0U);
+  EXPECT_LT(found, 1000U);
+  EXPECT_EQ(board.messages().size(), opening.size() + found);
+}
+
+TEST(CatalogueFile, ThatFailsInTheMiddleIsSearchedAsFarAsItWasRead) {
+  Board board;
+  board.catalogue("Bench Unit:9:bu\n" + std::string(100000, 'x')).readFailsAfter(1);
+  board.kernelRelease("5.10.0-bu");
+  OvxIdentifier identifier(board.logger());
+  EXPECT_EQ(identifier.getHardwareNumber(), 9);
+}
+
 TEST(CatalogueFile, IsLoadedWithoutALoggerToo) {
   Board board;
   board.catalogue("Field Node:3:fn1\nrejected\n").kernelRelease("5.10.0-fn1");
   OvxIdentifier identifier(nullptr);
   EXPECT_EQ(identifier.getHardwareNumber(), 3);
-  EXPECT_EQ(board.messages(), Messages{});
 }
 
 TEST(CatalogueFile, IsNotReadAgainAfterConstruction) {
@@ -222,13 +251,24 @@ TEST(CatalogueFile, IsNotReadAgainAfterConstruction) {
   EXPECT_FALSE(identifier.determineIdentity());
 }
 
-TEST(FindKnownIdentities, CalledAgainAppendsEveryRecordAgain) {
+TEST(FindKnownIdentities, CalledAgainAppendsEveryRecordOfTheFileAgain) {
   Board board;
   board.catalogue("Field Node:3\nBench Unit:9\n");
   OvxIdentifier identifier(board.logger());
   identifier.findKnownIdentities();
   EXPECT_EQ(namesSearched(board, identifier),
             (Names{"Field Node", "Bench Unit", "Field Node", "Bench Unit"}));
+}
+
+TEST(FindKnownIdentities, CalledAgainAppendsTheBuiltInTableAgainWithItsMessages) {
+  Board board;
+  OvxIdentifier identifier(board.logger());
+  const Messages first = board.messages();
+  EXPECT_EQ(board.messagesOf([&] { identifier.findKnownIdentities(); }),
+            Messages(first.begin() + 1, first.end()));
+  EXPECT_EQ(namesSearched(board, identifier),
+            (Names{"Tessaryn TQBLITE", "Tessaryn TQB", "Orvanix Starter Kit", "Tessaryn TQBLITE",
+                   "Tessaryn TQB", "Orvanix Starter Kit"}));
 }
 
 }  // namespace

@@ -1,8 +1,9 @@
 #include <gtest/gtest.h>
 
-#include <locale>
+#include <limits>
 
 #include "bench/board.h"
+#include "bench/locale.h"
 
 using log4cpp::Priority;
 
@@ -21,7 +22,7 @@ TEST(DeviceTreeIdentity, IsTheNumberOfBoardidAndTheFirstLineOfDescription) {
   EXPECT_EQ(identifier.getHardwareName(), "Field Node");
 }
 
-TEST(DeviceTreeIdentity, HasNoAliases) {
+TEST(DeviceTreeIdentity, AddsNoAliases) {
   Board board;
   board.property("boardid", "7\n").property("description", "Field Node\n");
   OvxIdentifier identifier(board.logger());
@@ -122,16 +123,11 @@ INSTANTIATE_TEST_SUITE_P(
     [](const auto& test) { return test.param.name; });
 
 TEST(DeviceTreeIdentity, ReadsTheNumberTheSameWayInEveryLocale) {
-  struct Grouping : std::numpunct<char> {
-    char do_thousands_sep() const override { return '.'; }
-    std::string do_grouping() const override { return "\3"; }
-  };
   Board board;
   board.property("boardid", "1.234");
   OvxIdentifier identifier(board.logger());
-  const std::locale before = std::locale::global({std::locale::classic(), new Grouping});
+  const GroupingLocale grouping;
   identifier.determineIdentity();
-  std::locale::global(before);
   EXPECT_EQ(identifier.getHardwareNumber(), 1);
 }
 
@@ -150,7 +146,7 @@ TEST(DeviceTreeIdentity, DoesNotCountWhenBoardidMayNotBeRead) {
   OvxIdentifier identifier(board.logger());
   const DroppedPrivileges dropped;
   EXPECT_FALSE(identifier.determineIdentity());
-  EXPECT_EQ(board.messages()[builtinCatalogueMessages().size() + 1],
+  EXPECT_EQ(board.messages().at(builtinCatalogueMessages().size() + 1),
             debug("Could not open /proc/device-tree/orvanix/boardid "));
 }
 

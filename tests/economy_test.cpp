@@ -7,6 +7,7 @@
 #include <cstring>
 #include <filesystem>
 #include <fstream>
+#include <iterator>
 #include <string>
 #include <system_error>
 
@@ -64,8 +65,8 @@ TEST(OpenCounter, TellsTwoFromOne) {
 
 TEST(Economy, CountsAllocationsInTheLibrary) {
   Board board;
-  OvxIdentifier identifier(board.logger());
-  EXPECT_GT(allocationsOf([&] { identifier.determineIdentity(); }), 0);
+  OvxIdentifier identifier(nullptr);
+  EXPECT_GT(allocationsOf([&] { identifier.findKnownIdentities(); }), 0);
 }
 
 TEST(Economy, ComposesNoMessageOfADeterminationWithoutALogger) {
@@ -97,8 +98,46 @@ TEST_P(ReadOnce, IsOpenedOnceByTheStepThatNeedsIt) {
 }
 
 INSTANTIATE_TEST_SUITE_P(File, ReadOnce,
-                         testing::Values("/etc/known_ovx_ids", "/proc/cpuinfo",
+                         testing::Values(cataloguePath, cpuinfoPath,
                                          "/proc/device-tree/orvanix/description"));
+
+std::ptrdiff_t openFiles() {
+  const std::filesystem::directory_iterator files("/proc/self/fd");
+  return std::distance(begin(files), end(files));
+}
+
+TEST(Economy, LeavesNoFileOpenOnABoardOfTheDeviceTree) {
+  Board board;
+  board.catalogue("Field Node:3\n").property("boardid", "7").property("description", "x");
+  const auto before = openFiles();
+  OvxIdentifier identifier(nullptr);
+  EXPECT_EQ(openFiles(), before);
+  identifier.loadParams();
+  EXPECT_EQ(openFiles(), before);
+}
+
+TEST(Economy, LeavesNoFileOpenOnABoardKnownByCpuinfo) {
+  Board board;
+  board.catalogue("Field Node:3:fn1\n").property("description", "x");
+  OvxIdentifier identifier(nullptr);
+  const auto before = openFiles();
+  board.cpuinfo("Hardware\t: Field Node\n");
+  EXPECT_TRUE(identifier.determineIdentity());
+  board.cpuinfo("Hardware\t: fn1\n");
+  EXPECT_TRUE(identifier.determineIdentity());
+  EXPECT_EQ(openFiles(), before);
+}
+
+TEST(Economy, LeavesNoFileOpenOnAnUnknownBoard) {
+  Board board;
+  OvxIdentifier identifier(nullptr);
+  const auto before = openFiles();
+  board.cpuinfo("Hardware\t: Other\n");
+  EXPECT_FALSE(identifier.determineIdentity());
+  board.cpuinfo("processor\t: 0\n");
+  EXPECT_FALSE(identifier.determineIdentity());
+  EXPECT_EQ(openFiles(), before);
+}
 
 TEST(Economy, OpensBoardidOnce) {
   Board board;

@@ -1,7 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <stdexcept>
-
 #include "bench/board.h"
 #include "bench/child.h"
 
@@ -144,14 +142,10 @@ TEST(LoadParams, CalledTwiceCollectsEverythingTwice) {
   EXPECT_EQ(listing(identifier), once + once);
 }
 
-class NullLogger : public testing::Test {
- protected:
-  Board mBoard;
-};
-
-TEST_F(NullLogger, ChangesNoNameAndNoNumber) {
-  mBoard.catalogue("Field Node:3:fn1\n").kernelRelease("5.10.0-fn1");
-  OvxIdentifier loud(mBoard.logger());
+TEST(NullLogger, ChangesNoNameAndNoNumber) {
+  Board board;
+  board.catalogue("Field Node:3:fn1\n").kernelRelease("5.10.0-fn1");
+  OvxIdentifier loud(board.logger());
   OvxIdentifier silent(nullptr);
   EXPECT_EQ(silent.getHardwareName(), "Field Node");
   EXPECT_EQ(silent.getHardwareNumber(), 3);
@@ -159,14 +153,16 @@ TEST_F(NullLogger, ChangesNoNameAndNoNumber) {
   EXPECT_EQ(silent.getHardwareNumber(), loud.getHardwareNumber());
 }
 
-TEST_F(NullLogger, ChangesNothingOnAnUnknownBoard) {
+TEST(NullLogger, ChangesNothingOnAnUnknownBoard) {
+  Board board;
   OvxIdentifier silent(nullptr);
   EXPECT_EQ(silent.getHardwareName(), "Unknown");
   EXPECT_EQ(silent.getHardwareNumber(), -1);
 }
 
-TEST_F(NullLogger, SilencesEveryMessage) {
-  mBoard.catalogue("Field Node:3:fn1\nrejected\n");
+TEST(NullLogger, SilencesEveryMessage) {
+  Board board;
+  board.catalogue("Field Node:3:fn1\nrejected\n");
   const Outcome outcome = inChild([] {
     OvxIdentifier silent(nullptr);
     silent.loadParams();
@@ -200,13 +196,16 @@ TEST_P(Level, ChoosesTheLoggersMethod) {
 
 INSTANTIATE_TEST_SUITE_P(
     Of, Level,
-    testing::Values(LevelCase{"Fatal", 0, "fatal"}, LevelCase{"Alert", 100, "debug"},
-                    LevelCase{"Critical", 200, "debug"}, LevelCase{"Error", 300, "error"},
-                    LevelCase{"Warn", 400, "warn"}, LevelCase{"Notice", 500, "debug"},
-                    LevelCase{"Info", 600, "info"}, LevelCase{"Debug", 700, "debug"},
-                    LevelCase{"NotSet", 800, "debug"}, LevelCase{"NoNameBelowError", 299, "debug"},
-                    LevelCase{"NoNameAboveFatal", 1, "debug"},
-                    LevelCase{"NoNameAboveAll", 1023, "debug"}),
+    testing::Values(
+        LevelCase{"Fatal", 0, "fatal"}, LevelCase{"Alert", 100, "debug"},
+        LevelCase{"Critical", 200, "debug"}, LevelCase{"Error", 300, "error"},
+        LevelCase{"Warn", 400, "warn"}, LevelCase{"Notice", 500, "debug"},
+        LevelCase{"Info", 600, "info"}, LevelCase{"Debug", 700, "debug"},
+        LevelCase{"NotSet", 800, "debug"}, LevelCase{"JustBelowError", 299, "debug"},
+        LevelCase{"JustAboveError", 301, "debug"}, LevelCase{"JustBelowWarn", 399, "debug"},
+        LevelCase{"JustAboveWarn", 401, "debug"}, LevelCase{"JustBelowInfo", 599, "debug"},
+        LevelCase{"JustAboveInfo", 601, "debug"}, LevelCase{"JustBelowDebug", 699, "debug"},
+        LevelCase{"JustAboveFatal", 1, "debug"}, LevelCase{"FarAboveAll", 1023, "debug"}),
     [](const auto& test) { return test.param.name; });
 
 TEST(TryLog, WithoutALevelLogsAtDebug) {

@@ -1,11 +1,10 @@
 #include <gtest/gtest.h>
 
 #include <iomanip>
-#include <locale>
 #include <sstream>
 
 #include "bench/board.h"
-#include "bench/child.h"
+#include "bench/locale.h"
 
 namespace {
 
@@ -179,16 +178,11 @@ TEST(Collection, LeavesOutANegativeNumberAndItsNameThoughTheBoardIsKnown) {
 }
 
 TEST(Collection, WritesTheNumberWithoutGroupingInEveryLocale) {
-  struct Grouping : std::numpunct<char> {
-    char do_thousands_sep() const override { return '.'; }
-    std::string do_grouping() const override { return "\3"; }
-  };
   Board board;
   board.catalogue("Field Node:1234567:fn1\n").kernelRelease("5.10.0-fn1");
   OvxIdentifier identifier(nullptr);
-  const std::locale before = std::locale::global({std::locale::classic(), new Grouping});
+  const GroupingLocale grouping;
   identifier.loadParams();
-  std::locale::global(before);
   EXPECT_EQ(listing(identifier), "OVX_ID=1234567\nOVX_DESC=Field Node\n");
 }
 

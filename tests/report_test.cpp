@@ -63,8 +63,11 @@ TEST(Report, AfterAFailureNeverMentionsAliasesLeftFromASuccess) {
   identifier.determineIdentity();
   board.kernelRelease("5.10.0");
   identifier.determineIdentity();
-  EXPECT_EQ(report(board, identifier, Priority::ERROR),
-            (Messages{error("Identity is unknown: "), error("Real name: Unknown"),
+  const Messages messages = board.messagesOf([&] { identifier.getHardwareName(); });
+  ASSERT_GE(messages.size(), 4U);
+  EXPECT_EQ(Messages(messages.end() - 4, messages.end()),
+            (Messages{error("Could not find hardware identity with uname or through /proc/cpuinfo"),
+                      error("Identity is unknown: "), error("Real name: Unknown"),
                       error("Hardware number: -1")}));
 }
 
@@ -83,7 +86,7 @@ TEST(Report, OfAnEmptyNameEndsAfterTheBlank) {
   board.property("boardid", "5").property("description", "");
   OvxIdentifier identifier(board.logger());
   identifier.determineIdentity();
-  EXPECT_EQ(report(board, identifier, Priority::DEBUG)[1], debug("Real name: "));
+  EXPECT_EQ(report(board, identifier, Priority::DEBUG).at(1), debug("Real name: "));
 }
 
 TEST(Report, OfThePcShowsNumber64) {
@@ -91,7 +94,7 @@ TEST(Report, OfThePcShowsNumber64) {
   board.machine("x86_64");
   OvxIdentifier identifier(board.logger());
   identifier.determineIdentity();
-  EXPECT_EQ(report(board, identifier, Priority::DEBUG)[2], debug("Hardware number: 64"));
+  EXPECT_EQ(report(board, identifier, Priority::DEBUG).at(2), debug("Hardware number: 64"));
 }
 
 TEST(Report, ShowsTheSmallestNumberWithItsSign) {
@@ -99,7 +102,8 @@ TEST(Report, ShowsTheSmallestNumberWithItsSign) {
   board.property("boardid", "-2147483648");
   OvxIdentifier identifier(board.logger());
   identifier.determineIdentity();
-  EXPECT_EQ(report(board, identifier, Priority::DEBUG)[2], debug("Hardware number: -2147483648"));
+  EXPECT_EQ(report(board, identifier, Priority::DEBUG).at(2),
+            debug("Hardware number: -2147483648"));
 }
 
 TEST(Report, CalledDirectlyGoesOutAtTheGivenLevelThroughout) {

@@ -4,7 +4,7 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <cstdio>
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <sstream>
@@ -16,11 +16,6 @@
 namespace fs = std::filesystem;
 
 namespace {
-
-std::string replaceable(const std::string& path) {
-  leaveTheMachine();
-  return path;
-}
 
 std::string inNode(const std::string& path) { return std::string(nodePath) + "/" + path; }
 
@@ -35,14 +30,16 @@ void write(const std::string& path, const std::string& bytes) {
 
 }  // namespace
 
-Board::Board() : mProc(replaceable("/proc")), mEtc(replaceable("/etc")) {
+Board::Board() : mProc("/proc"), mEtc("/etc") {
   for (const char* entry : {"meminfo", "mounts", "net", "self", "stat", "sys", "thread-self"}) {
     mProc.keep(entry);
   }
   mProc.keep(std::to_string(getpid()));
   mEtc.keepAllBut("known_ovx_ids");
   enterEmptyNetwork();
-  kernel = {"5.10.0", "armv7l", false, {}, {}, {}};
+  kernel = {};
+  kernel.release = "5.10.0";
+  kernel.machine = "armv7l";
 }
 
 Board::~Board() { kernel = {}; }
@@ -135,6 +132,11 @@ Board& Board::socketFails(int error) {
 
 Board& Board::requestFails(unsigned long request) {
   kernel.failingRequest = request;
+  return *this;
+}
+
+Board& Board::readFailsAfter(int reads) {
+  kernel.readsLeft = reads;
   return *this;
 }
 

@@ -44,6 +44,7 @@ class Board {
 
   Board& socketFails(int error);
   Board& requestFails(unsigned long request);
+  Board& readFailsAfter(int reads);
   // For addresses that no interface of this kernel can be given.
   Board& kernelAnswersMac(const std::array<unsigned char, 6>& mac);
 

@@ -46,15 +46,50 @@ class Recording {
   int mDescriptor;
 };
 
+// Lets a recording stand in for a standard stream for as long as this lives.
+class Redirection {
+ public:
+  Redirection(int descriptor, const Recording& recording)
+      : mDescriptor(descriptor), mKept(require(dup(descriptor), "dup")) {
+    std::fflush(nullptr);
+    recording.replace(descriptor);
+  }
+  ~Redirection() {
+    std::fflush(nullptr);
+    dup2(mKept, mDescriptor);
+    close(mKept);
+  }
+  Redirection(const Redirection&) = delete;
+  Redirection& operator=(const Redirection&) = delete;
+
+ private:
+  int mDescriptor;
+  int mKept;
+};
+
 int shellStatus(int status) {
   return WIFSIGNALED(status) ? 128 + WTERMSIG(status) : WEXITSTATUS(status);
 }
 
 // A replaced /proc holds no entry for a new process, and leak checkers look for their own.
 void appearInReplacedProc() {
-  std::error_code notReplaced;
   const std::string process = std::to_string(getpid());
-  std::filesystem::create_symlink(".kept/" + process, "/proc/" + process, notReplaced);
+  if (std::filesystem::exists("/proc/.kept")) {
+    std::filesystem::create_symlink(".kept/" + process, "/proc/" + process);
+  }
+}
+
+// No exception may carry the child into the tests that are its parent's to run.
+int runChild(const std::function<int()>& call, const Recording& out, const Recording& err) {
+  try {
+    out.replace(STDOUT_FILENO);
+    err.replace(STDERR_FILENO);
+    appearInReplacedProc();
+    return call();
+  } catch (const std::exception& exception) {
+    std::fprintf(stderr, "the child threw: %s\n", exception.what());
+    return 254;
+  }
 }
 
 }  // namespace
@@ -65,10 +100,7 @@ Outcome inChild(const std::function<int()>& call) {
   std::fflush(nullptr);
   const pid_t child = require(fork(), "fork");
   if (child == 0) {
-    out.replace(STDOUT_FILENO);
-    err.replace(STDERR_FILENO);
-    appearInReplacedProc();
-    std::exit(call());
+    std::exit(runChild(call, out, err));
   }
   int status = 0;
   require(waitpid(child, &status, 0), "waitpid");
@@ -96,12 +128,9 @@ std::vector<char*> pointers(std::vector<std::string>& arguments) {
 
 std::string standardErrorOf(const std::function<void()>& call) {
   const Recording err;
-  std::fflush(stderr);
-  const int kept = require(dup(STDERR_FILENO), "dup");
-  err.replace(STDERR_FILENO);
-  call();
-  std::fflush(stderr);
-  require(dup2(kept, STDERR_FILENO), "dup2");
-  close(kept);
+  {
+    const Redirection redirection(STDERR_FILENO, err);
+    call();
+  }
   return err.text();
 }

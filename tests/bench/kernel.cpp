@@ -32,6 +32,14 @@ extern "C" int socket(int domain, int type, int protocol) noexcept {
   return static_cast<int>(syscall(SYS_socket, domain, type, protocol));
 }
 
+extern "C" ssize_t read(int descriptor, void* buffer, size_t size) {
+  if (kernel.readsLeft && (*kernel.readsLeft)-- <= 0) {
+    errno = EIO;
+    return -1;
+  }
+  return syscall(SYS_read, descriptor, buffer, size);
+}
+
 extern "C" int ioctl(int descriptor, unsigned long request, ...) noexcept {
   if (request == kernel.failingRequest) {
     errno = EIO;

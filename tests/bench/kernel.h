@@ -15,6 +15,8 @@ struct Kernel {
   std::optional<int> socketError;
   // The ioctl(2) request that fails, with EIO.
   std::optional<unsigned long> failingRequest;
+  // How many more times read(2) works before it fails, with EIO.
+  std::optional<int> readsLeft;
   // The hardware address of every interface.
   std::optional<std::array<unsigned char, 6>> mac;
 };

@@ -9,6 +9,7 @@
 
 #include <array>
 #include <cerrno>
+#include <cstdint>
 #include <filesystem>
 #include <fstream>
 #include <system_error>
@@ -38,6 +39,19 @@ void becomeRootOfUserNamespace() {
   write("/proc/self/gid_map", "0 " + group + " 1");
 }
 
+void takeOwnMounts() {
+  static bool left = false;
+  if (left) {
+    return;
+  }
+  if (geteuid() != 0) {
+    becomeRootOfUserNamespace();
+  }
+  require(unshare(CLONE_NEWNS) == 0, "make a mount namespace");
+  require(mount(nullptr, "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0, "make mounts private");
+  left = true;
+}
+
 using Capabilities = std::array<__user_cap_data_struct, 2>;
 
 Capabilities capabilities() {
@@ -56,22 +70,10 @@ constexpr std::uint32_t passPermissions = 1U << CAP_DAC_OVERRIDE | 1U << CAP_DAC
 
 }  // namespace
 
-void leaveTheMachine() {
-  static bool left = false;
-  if (left) {
-    return;
-  }
-  if (geteuid() != 0) {
-    becomeRootOfUserNamespace();
-  }
-  require(unshare(CLONE_NEWNS) == 0, "make a mount namespace");
-  require(mount(nullptr, "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0, "make mounts private");
-  left = true;
-}
-
 void enterEmptyNetwork() { require(unshare(CLONE_NEWNET) == 0, "make a network namespace"); }
 
 ReplacedDirectory::ReplacedDirectory(std::string path) : mPath(std::move(path)) {
+  takeOwnMounts();
   const int kept = open_tree(AT_FDCWD, mPath.c_str(), OPEN_TREE_CLONE | AT_RECURSIVE);
   require(kept >= 0, "keep " + mPath);
   require(mount("tests", mPath.c_str(), "tmpfs", 0, nullptr) == 0, "mount a tmpfs over " + mPath);
@@ -81,7 +83,10 @@ ReplacedDirectory::ReplacedDirectory(std::string path) : mPath(std::move(path)) 
   close(kept);
 }
 
-ReplacedDirectory::~ReplacedDirectory() { umount2(mPath.c_str(), MNT_DETACH); }
+// NOLINTNEXTLINE(bugprone-exception-escape): the next test must not find this one's world
+ReplacedDirectory::~ReplacedDirectory() {
+  require(umount2(mPath.c_str(), MNT_DETACH) == 0, "give back " + mPath);
+}
 
 void ReplacedDirectory::keep(const std::string& entry) {
   fs::create_symlink(".kept/" + entry, mPath + "/" + entry);
