@@ -3,6 +3,7 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <map>
+#include <memory>
 #include <string_view>
 
 namespace {
@@ -22,8 +23,8 @@ constexpr const char* exitStatuses =
     "  126  the program of run or shell cannot be run\n"
     "  127  the program of run or shell was not found";
 
-// The command line in two: the front end's own words, and those of the program it launches, which
-// are not its business to interpret.
+// The command line in two: the front end's own words, a command among options, and the words of the
+// program it launches, which the parser of options never sees.
 struct CommandLine {
   int ownCount;
   char** launched;
@@ -31,30 +32,57 @@ struct CommandLine {
 
 bool isOption(std::string_view word) { return word.size() > 1 && word[0] == '-' && word != "--"; }
 
-bool asksForHelp(std::string_view word) { return word == "-h" || word == "--help"; }
+bool launches(Command command) { return command == Command::run || command == Command::shell; }
 
-char** skipMark(char** word, char** end) {
-  return word != end && std::string_view(*word) == "--" ? word + 1 : word;
+[[noreturn]] void refuse(const char* word) {
+  throw UsageError(std::string("The following argument was not expected: ") + word);
+}
+
+bool asksForHelp(char** word, char** end) {
+  return word != end && std::string_view(*word) == "--help";
+}
+
+// Every word behind `shell` is the shell's, options included, unless the first asks for our help.
+char** firstOperand(char** command, char** end) {
+  if (std::string_view(*command) == "shell" && !asksForHelp(command + 1, end)) {
+    return command + 1;
+  }
+  return std::find_if_not(command + 1, end, isOption);
 }
 
 CommandLine divide(int argc, char** argv) {
   char** const end = argv + argc;
-  char** const command = std::find_if_not(argv + 1, end, isOption);
-  if (command != end && std::string_view(*command) == "--") {
-    throw UsageError("The following argument was not expected: --");
+  char** const command = std::find_if_not(std::min(argv + 1, end), end, isOption);
+  if (command == end) {
+    return {argc, end};
   }
-  char** own = end;
-  char** launched = end;
-  if (command != end && std::string_view(*command) == "run") {
-    launched = skipMark(std::find_if_not(command + 1, end, isOption), end);
-    own = std::min(launched + 1, end);
-  } else if (command != end && std::string_view(*command) == "shell" &&
-             !(command + 1 != end && asksForHelp(command[1]))) {
-    launched = skipMark(command + 1, end);
-    own = command + 1;
+  if (commands.count(*command) == 0) {
+    refuse(*command);
   }
-  return {static_cast<int>(own - argv), launched};
+  char** const operand = firstOperand(command, end);
+  if (operand == end) {
+    return {argc, end};
+  }
+  if (!launches(commands.at(*command))) {
+    refuse(*operand);
+  }
+  const bool mark = std::string_view(*operand) == "--";
+  return {static_cast<int>(operand - argv), mark ? operand + 1 : operand};
 }
+
+// Adds to the usage line what the parser does not know of.
+class LaunchFormatter : public CLI::Formatter {
+ public:
+  explicit LaunchFormatter(std::string operands) : mOperands(std::move(operands)) {}
+
+  std::string make_usage(const CLI::App* app, std::string name) const override {
+    std::string usage = CLI::Formatter::make_usage(app, std::move(name));
+    return usage.insert(usage.find_last_not_of('\n') + 1, " " + mOperands);
+  }
+
+ private:
+  std::string mOperands;
+};
 
 CLI::App* addCommand(CLI::App& app, const std::string& name, const std::string& description,
                      const std::string& example) {
@@ -62,6 +90,7 @@ CLI::App* addCommand(CLI::App& app, const std::string& name, const std::string& 
   command->fallthrough();
   command->group("Commands");
   command->footer("Example:\n  " + example);
+  command->get_help_ptr()->disable_flag_override();
   return command;
 }
 
@@ -69,26 +98,24 @@ void describe(CLI::App& app, bool& verbose) {
   app.require_subcommand(0, 1);
   app.get_formatter()->label("SUBCOMMAND", "COMMAND");
   app.footer("Without a command: list.\n\n" + std::string(exitStatuses));
-  app.set_version_flag("--version", "ovxid " OVXID_VERSION, "Print the version and exit");
-  app.add_flag("-v,--verbose", verbose, "Print the library's messages on standard error");
+  app.get_help_ptr()->disable_flag_override();
+  app.set_version_flag("--version", "ovxid " OVXID_VERSION, "Print the version and exit")
+      ->disable_flag_override();
+  app.add_flag("-v,--verbose", verbose, "Print the library's messages on standard error")
+      ->disable_flag_override();
 
   addCommand(app, "list", "Print the board parameters, one NAME=VALUE a line",
              "ovxid list | grep -a '^OVX_WAN='");
   addCommand(app, "name", "Print the board's name; fail if the board is not identified",
-             "board=$(ovxid name) || exit 1");
+             "board=$(ovxid name | tr -d '\\0')");
   addCommand(app, "number", "Print the board's number; fail if the board is not identified",
              "test \"$(ovxid number)\" = 64 && echo this is a PC");
-  CLI::App* run =
-      addCommand(app, "run", "Run a program with the board parameters set in its environment",
-                 "ovxid run -- printenv OVX_ID");
-  run->add_option("PROGRAM", "The program, looked up in PATH")->required()->type_name("");
-  run->add_option("ARG", "Its arguments, options included")->expected(0, -1)->type_name("");
-  CLI::App* shell = addCommand(
-      app, "shell", "Run the user's shell with the board parameters set in its environment",
-      "ovxid shell -c 'echo $OVX_DESC'");
-  shell->add_option("ARG", "The shell's arguments, options included")
-      ->expected(0, -1)
-      ->type_name("");
+  addCommand(app, "run", "Run a program with the board parameters set in its environment",
+             "ovxid run -- printenv OVX_ID")
+      ->formatter(std::make_shared<LaunchFormatter>("[--] PROGRAM [ARG...]"));
+  addCommand(app, "shell", "Run the user's shell with the board parameters set in its environment",
+             "ovxid shell -c 'echo $OVX_DESC'")
+      ->formatter(std::make_shared<LaunchFormatter>("[--] [ARG...]"));
 }
 
 }  // namespace
@@ -106,7 +133,6 @@ Arguments readArguments(int argc, char** argv) {
   } catch (const CLI::Success& request) {
     std::ostringstream help;
     app.exit(request, help);
-    arguments.command = Command::help;
     arguments.help = help.str();
     return arguments;
   } catch (const CLI::ParseError& error) {
@@ -114,6 +140,9 @@ Arguments readArguments(int argc, char** argv) {
   }
   for (const CLI::App* command : app.get_subcommands()) {
     arguments.command = commands.at(command->get_name());
+  }
+  if (arguments.command == Command::run && arguments.launchedCount == 0) {
+    throw UsageError("PROGRAM is required");
   }
   return arguments;
 }

@@ -4,13 +4,13 @@
 #include <stdexcept>
 #include <string>
 
-enum class Command { help, list, name, number, run, shell };
+enum class Command { list, name, number, run, shell };
 
 struct Arguments {
+  // The text to print instead, when help or the version was asked for.
+  std::string help;
   Command command = Command::list;
   bool verbose = false;
-  // The text that was asked for, of `help`.
-  std::string help;
   // The words that belong to what `run` or `shell` launches, ended by a null pointer.
   int launchedCount = 0;
   char** launched = nullptr;

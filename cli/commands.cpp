@@ -2,6 +2,8 @@
 
 #include <OvxIdentifier.h>
 
+#include <algorithm>
+#include <cctype>
 #include <cerrno>
 #include <csignal>
 #include <cstdlib>
@@ -14,22 +16,23 @@ using log4cpp::Priority;
 
 namespace {
 
-// A reader that went away is an error like a full disk, and not a signal that ends us in silence.
+using SignalHandler = void (*)(int);
+
+// In a diagnostic, a newline would make one line two.
+bool isControl(unsigned char byte) { return std::iscntrl(byte) != 0; }
+
+// A full disk and a reader that went away are errors, for the messages on standard error too.
 int written(std::ostream& out) {
   if (!out.flush()) {
     complain("standard output", std::strerror(errno));
     return exit_status::notWritten;
   }
-  return exit_status::done;
+  return std::cerr ? exit_status::done : exit_status::notWritten;
 }
 
-int print(const std::string& text) {
-  std::signal(SIGPIPE, SIG_IGN);
-  return written(std::cout << text);
-}
+int print(const std::string& text) { return written(std::cout << text); }
 
 int list(OvxIdentifier& board) {
-  std::signal(SIGPIPE, SIG_IGN);
   board.loadParams();
   return written(board.listParams(std::cout));
 }
@@ -71,27 +74,30 @@ int cannotLaunch(const char* program) {
   return reason == ENOENT ? exit_status::notFound : exit_status::cannotRun;
 }
 
-int run(OvxIdentifier& board, const Arguments& arguments) {
+int launch(OvxIdentifier& board, const Arguments& arguments, SignalHandler onClosedPipe) {
+  const bool useShell = arguments.command == Command::shell;
   board.loadParams();
-  board.execute(arguments.launchedCount, arguments.launched, false);
-  return cannotLaunch(arguments.launched[0]);
-}
-
-int shell(OvxIdentifier& board, const Arguments& arguments) {
-  board.loadParams();
-  board.execute(arguments.launchedCount, arguments.launched, true);
-  const char* const program = std::getenv("SHELL");
-  return cannotLaunch(program == nullptr ? "/bin/bash" : program);
+  std::signal(SIGPIPE, onClosedPipe);
+  board.execute(arguments.launchedCount, arguments.launched, useShell);
+  if (!useShell) {
+    return cannotLaunch(arguments.launched[0]);
+  }
+  const char* const shell = std::getenv("SHELL");
+  return cannotLaunch(shell == nullptr ? "/bin/bash" : shell);
 }
 
 }  // namespace
 
 void complain(const std::string& what, const std::string& why) {
-  std::cerr << "ovxid: " + what + ": " + why + "\n";
+  std::string line = "ovxid: " + what + ": " + why;
+  std::replace_if(line.begin(), line.end(), isControl, '?');
+  std::cerr << line + "\n";
 }
 
 int perform(const Arguments& arguments) {
-  if (arguments.command == Command::help) {
+  // What cannot be written is to be told, and not to end us in silence.
+  const SignalHandler onClosedPipe = std::signal(SIGPIPE, SIG_IGN);
+  if (!arguments.help.empty()) {
     return print(arguments.help);
   }
   cQlog log;
@@ -102,10 +108,10 @@ int perform(const Arguments& arguments) {
     case Command::number:
       return number(board);
     case Command::run:
-      return run(board, arguments);
     case Command::shell:
-      return shell(board, arguments);
-    default:
-      return list(board);
+      return launch(board, arguments, onClosedPipe);
+    case Command::list:
+      break;
   }
+  return list(board);
 }

@@ -196,7 +196,7 @@ TEST(CatalogueFile, WithCarriageReturnsHasNoMatchingLastAlias) {
 
 TEST(CatalogueFile, ThatMayNotBeReadIsLikeAMissingOne) {
   Board board;
-  board.catalogue("Field Node:3\n").forbid(cataloguePath);
+  board.catalogue("Field Node:3\n").permissions(cataloguePath, 0);
   const DroppedPrivileges dropped;
   OvxIdentifier identifier(board.logger());
   EXPECT_EQ(board.messages(), builtinCatalogueMessages());

@@ -142,7 +142,7 @@ TEST(DeviceTreeIdentity, CountsWhenBoardidIsADirectory) {
 
 TEST(DeviceTreeIdentity, DoesNotCountWhenBoardidMayNotBeRead) {
   Board board;
-  board.property("boardid", "7").forbid(boardidPath);
+  board.property("boardid", "7").permissions(boardidPath, 0);
   OvxIdentifier identifier(board.logger());
   const DroppedPrivileges dropped;
   EXPECT_FALSE(identifier.determineIdentity());
@@ -192,7 +192,9 @@ TEST(DeviceTreeIdentity, HasAnEmptyNameWhenDescriptionIsADirectory) {
 
 TEST(DeviceTreeIdentity, KeepsTheNameUnknownWhenDescriptionMayNotBeRead) {
   Board board;
-  board.property("boardid", "7").property("description", "Field Node").forbid(descriptionPath);
+  board.property("boardid", "7")
+      .property("description", "Field Node")
+      .permissions(descriptionPath, 0);
   OvxIdentifier identifier(board.logger());
   const DroppedPrivileges dropped;
   EXPECT_EQ(board.messagesOf([&] { EXPECT_TRUE(identifier.determineIdentity()); }),

@@ -1,12 +1,10 @@
-#include <fcntl.h>
 #include <ftw.h>
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <cerrno>
-#include <clocale>
 #include <filesystem>
 #include <locale>
 #include <sstream>
@@ -92,9 +90,26 @@ TEST(DeviceTreeWalk, SkipsTheNameOfTheNode) {
 TEST(DeviceTreeWalk, SkipsTheNameOfEachChildNodeAtAnyDepth) {
   Board board;
   board.property("child/name", "child").property("child/grandchild/name", "grandchild");
+  board.property("a/b/c/d/e/f/name", "f");
   OvxIdentifier identifier(nullptr);
   EXPECT_EQ(walk(identifier), 0);
   EXPECT_EQ(listing(identifier), "");
+}
+
+TEST(DeviceTreeWalk, EntersAChildNodeCalledName) {
+  Board board;
+  board.property("name/port", "1");
+  OvxIdentifier identifier(nullptr);
+  EXPECT_EQ(walk(identifier), 0);
+  EXPECT_EQ(listing(identifier), "OVX_PORT=1\n");
+}
+
+TEST(DeviceTreeWalk, GivesAnEmptyValueForAPropertyThatOpensAndCannotBeRead) {
+  Board board;
+  board.link("broken", "/proc/self/mem");
+  OvxIdentifier identifier(nullptr);
+  EXPECT_EQ(walk(identifier), 0);
+  EXPECT_EQ(listing(identifier), "OVX_BROKEN=\n");
 }
 
 TEST(DeviceTreeWalk, OfAnEmptyNodeSucceedsAndAddsNothing) {
@@ -211,7 +226,7 @@ TEST(DeviceTreeWalk, HasNoTargetBeforeTheFirstOne) {
 
 TEST(DeviceTreeWalk, OfAnUnreadableStartDirectorySucceedsAndAddsNothing) {
   Board board;
-  board.property("wifi", "yes").forbid(nodePath);
+  board.property("wifi", "yes").permissions(nodePath, 0);
   OvxIdentifier identifier(nullptr);
   const DroppedPrivileges dropped;
   EXPECT_EQ(walk(identifier), 0);
@@ -221,7 +236,7 @@ TEST(DeviceTreeWalk, OfAnUnreadableStartDirectorySucceedsAndAddsNothing) {
 TEST(DeviceTreeWalk, PassesOverAnUnreadableChild) {
   Board board;
   board.property("wifi", "yes").property("child/port", "1");
-  board.forbid(std::string(nodePath) + "/child");
+  board.permissions(std::string(nodePath) + "/child", 0);
   OvxIdentifier identifier(nullptr);
   const DroppedPrivileges dropped;
   EXPECT_EQ(walk(identifier), 0);
@@ -231,7 +246,7 @@ TEST(DeviceTreeWalk, PassesOverAnUnreadableChild) {
 TEST(DeviceTreeWalk, AddsNothingForEntriesWithoutAReadableStatus) {
   Board board;
   board.property("wifi", "yes").property("child/port", "1");
-  board.forbid(std::string(nodePath) + "/child", 0444);
+  board.permissions(std::string(nodePath) + "/child", 0444);
   OvxIdentifier identifier(nullptr);
   const DroppedPrivileges dropped;
   EXPECT_EQ(walk(identifier), 0);
@@ -240,11 +255,23 @@ TEST(DeviceTreeWalk, AddsNothingForEntriesWithoutAReadableStatus) {
 
 TEST(DeviceTreeWalk, GivesAnEmptyValueForAPropertyThatMayNotBeRead) {
   Board board;
-  board.property("secret", "x").forbid(std::string(nodePath) + "/secret");
+  board.property("secret", "x").permissions(std::string(nodePath) + "/secret", 0);
   OvxIdentifier identifier(nullptr);
   const DroppedPrivileges dropped;
   EXPECT_EQ(walk(identifier), 0);
   EXPECT_EQ(listing(identifier), "OVX_SECRET=\n");
+}
+
+// The limit of descriptors with which so many more can be opened.
+rlim_t limitThatLeaves(int count) {
+  std::vector<int> descriptors(static_cast<std::size_t>(count));
+  for (int& descriptor : descriptors) {
+    descriptor = dup(STDERR_FILENO);
+  }
+  for (const int descriptor : descriptors) {
+    close(descriptor);
+  }
+  return static_cast<rlim_t>(descriptors.back()) + 1;
 }
 
 TEST(DeviceTreeWalk, ReachesEveryDepthWithTenDirectoriesOpenAtMost) {
@@ -255,17 +282,26 @@ TEST(DeviceTreeWalk, ReachesEveryDepthWithTenDirectoriesOpenAtMost) {
   }
   board.property(path + "deep", "1");
   OvxIdentifier identifier(nullptr);
-  EXPECT_EQ(walk(identifier), 0);
+  rlimit limit{};
+  getrlimit(RLIMIT_NOFILE, &limit);
+  const rlimit before = limit;
+  limit.rlim_cur = limitThatLeaves(10 + 1);
+  setrlimit(RLIMIT_NOFILE, &limit);
+  const int result = walk(identifier);
+  setrlimit(RLIMIT_NOFILE, &before);
+  EXPECT_EQ(result, 0);
   EXPECT_EQ(listing(identifier), "OVX_DEEP=1\n");
 }
 
-TEST(DeviceTreeWalk, LeavesTheWorkingDirectoryAlone) {
+TEST(DeviceTreeWalk, LeavesTheWorkingDirectoryAloneWhileItReads) {
   Board board;
   board.property("child/port", "1");
   const auto before = std::filesystem::current_path();
+  std::filesystem::current_path("/proc/device-tree");
   OvxIdentifier identifier(nullptr);
-  walk(identifier);
-  EXPECT_EQ(std::filesystem::current_path(), before);
+  EXPECT_EQ(walk(identifier, "orvanix"), 0);
+  std::filesystem::current_path(before);
+  EXPECT_EQ(listing(identifier), "OVX_PORT=1\n");
 }
 
 TEST(DeviceTreeWalk, CrossesMounts) {

@@ -241,7 +241,7 @@ TEST(Cpuinfo, ThatIsMissingIsAnErrorAndTheBoardUnknown) {
 
 TEST(Cpuinfo, ThatMayNotBeReadIsLikeAMissingOne) {
   Board board;
-  board.catalogue(twoBoards).cpuinfo("Hardware\t: Field Node\n").forbid(cpuinfoPath);
+  board.catalogue(twoBoards).cpuinfo("Hardware\t: Field Node\n").permissions(cpuinfoPath, 0);
   OvxIdentifier identifier(board.logger());
   const DroppedPrivileges dropped;
   EXPECT_EQ(determination(board, identifier, false),

@@ -8,14 +8,18 @@
 #include <sys/utsname.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <csignal>
 #include <cstdlib>
 #include <fstream>
+#include <regex>
 #include <sstream>
+#include <system_error>
 
 #include "bench/board.h"
 #include "bench/child.h"
 
+using testing::ContainsRegex;
 using testing::HasSubstr;
 using testing::StartsWith;
 
@@ -23,13 +27,26 @@ namespace {
 
 using Arguments = std::vector<std::string>;
 
+void require(int result, const char* what) {
+  if (result < 0) {
+    throw std::system_error(errno, std::generic_category(), what);
+  }
+}
+
+void dupClosedPipe(int descriptor) {
+  int ends[2];
+  require(pipe(ends), "make a pipe");
+  require(dup2(ends[1], descriptor), "replace a stream by a pipe");
+  close(ends[0]);
+}
+
 // The front end as a user runs it. Its kernel is the real one, which tells a 32-bit process that
 // the machine is i686: then no x86_64 PC hides what the board's files say.
 class FrontEnd : public testing::Test {
  protected:
   Outcome ovxid(Arguments arguments) {
     return inChild([&] {
-      personality(PER_LINUX32);
+      require(personality(PER_LINUX32), "be called a 32-bit machine");
       setenv("PATH", "/usr/bin:/bin", 1);
       unsetenv("SHELL");
       mPrepare();
@@ -42,19 +59,19 @@ class FrontEnd : public testing::Test {
 
   // Where the output goes to.
   void outputTo(const char* path) {
-    mPrepare = [path] { dup2(open(path, O_WRONLY), STDOUT_FILENO); };
+    mPrepare = [path] { require(dup2(open(path, O_WRONLY), STDOUT_FILENO), path); };
   }
   void outputToClosedPipe() {
-    mPrepare = [] {
-      int ends[2];
-      if (pipe(ends) == 0) {
-        close(ends[0]);
-        dup2(ends[1], STDOUT_FILENO);
-      }
-    };
+    mPrepare = [] { dupClosedPipe(STDOUT_FILENO); };
   }
   void outputClosed() {
     mPrepare = [] { close(STDOUT_FILENO); };
+  }
+  void messagesToFullDisk() {
+    mPrepare = [] { require(dup2(open("/dev/full", O_WRONLY), STDERR_FILENO), "open /dev/full"); };
+  }
+  void messagesToClosedPipe() {
+    mPrepare = [] { dupClosedPipe(STDERR_FILENO); };
   }
   void shellIs(const char* shell) {
     mPrepare = [shell] { setenv("SHELL", shell, 1); };
@@ -64,7 +81,7 @@ class FrontEnd : public testing::Test {
   }
 
   void fieldNode() {
-    mBoard.property("boardid", bytes("7\0")).property("description", "Field Node\n");
+    mBoard.property("boardid", bytes("7\0")).property("description", bytes("Field Node\0"));
   }
   void hardwareLineThatEndsAtItsColon() { mBoard.cpuinfo("Hardware\t:\n"); }
 
@@ -78,9 +95,11 @@ std::string realRelease() {
   return name.release;
 }
 
-std::string realReleaseSuffix() {
-  const std::string release = realRelease();
-  return release.substr(release.rfind('-') + 1);
+std::string suffixMessage(const std::string& release) {
+  const auto hyphen = release.rfind('-');
+  return hyphen == std::string::npos ? ""
+                                     : "debug: therefore possible alias of machine = '" +
+                                           release.substr(hyphen + 1) + "'\n";
 }
 
 TEST_F(FrontEnd, ListsTheParametersByteForByte) {
@@ -117,10 +136,10 @@ TEST_F(FrontEnd, LetsTheLibraryReportAMissingWanInterface) {
   EXPECT_EQ(outcome.status, 0);
 }
 
-TEST_F(FrontEnd, PrintsTheName) {
+TEST_F(FrontEnd, PrintsEveryByteOfTheName) {
   fieldNode();
   const Outcome outcome = ovxid({"name"});
-  EXPECT_EQ(outcome.out, "Field Node\n");
+  EXPECT_EQ(outcome.out, bytes("Field Node\0\n"));
   EXPECT_EQ(outcome.err, "");
   EXPECT_EQ(outcome.status, 0);
 }
@@ -181,11 +200,7 @@ TEST_F(FrontEnd, VerbosePrintsEachMessageWithItsLevelInOrder) {
         "debug: Attempting to find alias by uname\n"
         "debug: No problems with uname\n"
         "debug: uts.release= " +
-            realRelease() +
-            "\n"
-            "debug: therefore possible alias of machine = '" +
-            realReleaseSuffix() +
-            "'\n"
+            realRelease() + "\n" + suffixMessage(realRelease()) +
             "debug: Finding the hardware idenitity with uname failed, attempting to find hardware "
             "identity with cpuinfo\n"
             "debug: Cpuinfo line: Hardware\t: Field Node\n"
@@ -263,7 +278,7 @@ TEST_F(FrontEnd, LeavesTheArgumentsOfAProgramAfterTwoDashesToIt) {
 TEST_F(FrontEnd, RunsAProgramNamedLikeACommand) {
   mBoard.directory("/proc/bin");
   std::ofstream("/proc/bin/list") << "#!/bin/sh\necho my list $1\n";
-  mBoard.forbid("/proc/bin/list", 0755);
+  mBoard.permissions("/proc/bin/list", 0755);
   mPrepare = [] { setenv("PATH", "/proc/bin", 1); };
   EXPECT_EQ(ovxid({"run", "list", "name"}).out, "my list name\n");
 }
@@ -339,10 +354,8 @@ TEST_F(FrontEnd, FailsToRunAShellThatIsNotExecutableWith126) {
 
 TEST_F(FrontEnd, FailsToRunABashThatIsNotExecutableWith126) {
   mPrepare = [] {
-    if (unshare(CLONE_NEWNS) != 0 ||
-        mount("/dev/null", "/bin/bash", nullptr, MS_BIND, nullptr) != 0) {
-      std::perror("cannot cover /bin/bash");
-    }
+    require(unshare(CLONE_NEWNS), "make a mount namespace");
+    require(mount("/dev/null", "/bin/bash", nullptr, MS_BIND, nullptr), "cover /bin/bash");
   };
   const Outcome outcome = ovxid({"shell"});
   EXPECT_EQ(outcome.err, "ovxid: /bin/bash: Permission denied\n");
@@ -443,12 +456,78 @@ INSTANTIATE_TEST_SUITE_P(
         UsageCase{"AnUnknownOptionBeforeTheProgram",
                   {"run", "-x", "true"},
                   "The following argument was not expected: -x"},
+        UsageCase{"ANumberBeforeTheProgram",
+                  {"run", "-1", "echo"},
+                  "The following argument was not expected: -1"},
+        UsageCase{"ThreeDashesForAProgram",
+                  {"run", "---"},
+                  "The following argument was not expected: ---"},
+        UsageCase{"AnOddOptionForAProgram",
+                  {"run", "-- x"},
+                  "The following argument was not expected: -- x"},
+        UsageCase{
+            "AnOptionWithANewline", {"run", "-\n"}, "The following argument was not expected: -?"},
+        UsageCase{"TwoPlusSigns", {"list", "++"}, "The following argument was not expected: ++"},
+        UsageCase{"AMarkAfterList", {"list", "--"}, "The following argument was not expected: --"},
+        UsageCase{"AnEmptyCommand", {""}, "The following argument was not expected: "},
         UsageCase{"TwoDashesBeforeTheCommand",
                   {"--", "run", "true"},
                   "The following argument was not expected: --"}),
     [](const auto& test) { return test.param.name; });
 
+TEST_F(FrontEnd, LeavesTheSecondOfTwoMarksToTheProgramAndToTheShell) {
+  EXPECT_EQ(ovxid({"run", "--", "echo", "--", "x"}).out, "-- x\n");
+  EXPECT_EQ(ovxid({"run", "--", "--", "x"}).err, "ovxid: --: No such file or directory\n");
+  shellIs("/bin/echo");
+  EXPECT_EQ(ovxid({"shell", "--", "--", "x"}).out, "-- x\n");
+}
+
+TEST_F(FrontEnd, TakesOddWordsForProgramsOnly) {
+  EXPECT_EQ(ovxid({"run", "++"}).err, "ovxid: ++: No such file or directory\n");
+  EXPECT_EQ(ovxid({"run", "-"}).err, "ovxid: -: No such file or directory\n");
+}
+
+TEST_F(FrontEnd, LeavesTheShortWordForHelpToTheShell) {
+  shellIs("/bin/echo");
+  EXPECT_EQ(ovxid({"shell", "-h"}).out, "-h\n");
+}
+
+TEST_F(FrontEnd, FailsToRunAProgramBelowAFileWith126) {
+  const Outcome outcome = ovxid({"run", "/proc/version_that_is_a_file/x"});
+  EXPECT_EQ(outcome.status, 127);
+  std::ofstream("/proc/file") << "";
+  EXPECT_EQ(ovxid({"run", "/proc/file/x"}).err, "ovxid: /proc/file/x: Not a directory\n");
+  EXPECT_EQ(ovxid({"run", "/proc/file/x"}).status, 126);
+}
+
+TEST_F(FrontEnd, LetsTheProgramInheritAnIgnoredClosedPipe) {
+  mPrepare = [] { std::signal(SIGPIPE, SIG_IGN); };
+  EXPECT_EQ(ovxid({"run", "sh", "-c", "kill -PIPE $$; exit 7"}).status, 7);
+}
+
+TEST_F(FrontEnd, FailsWhenItsMessagesCannotBeWritten) {
+  fieldNode();
+  messagesToFullDisk();
+  EXPECT_EQ(ovxid({"-v", "name"}).status, 3);
+  messagesToClosedPipe();
+  const Outcome outcome = ovxid({"-v", "name"});
+  EXPECT_EQ(outcome.status, 3);
+  EXPECT_EQ(outcome.out, bytes("Field Node\0\n"));
+}
+
+TEST_F(FrontEnd, RunsTheProgramThoughItsMessagesCannotBeWritten) {
+  messagesToClosedPipe();
+  EXPECT_EQ(ovxid({"-v", "run", "echo", "a"}).out, "a\n");
+}
+
+TEST_F(FrontEnd, NeedsNoOutputToListNothing) {
+  outputTo("/dev/full");
+  EXPECT_EQ(ovxid({"list"}).status, 0);
+}
+
 TEST_F(FrontEnd, AcceptsVerboseBetweenRunAndTheProgram) {
+  EXPECT_THAT(ovxid({"--verbose", "run", "echo"}).err, StartsWith("debug: Creating"));
+  EXPECT_THAT(ovxid({"run", "--verbose", "--", "echo"}).err, StartsWith("debug: Creating"));
   EXPECT_THAT(ovxid({"run", "-v", "echo", "-v"}).err, StartsWith("debug: Creating"));
   EXPECT_EQ(ovxid({"run", "-v", "echo", "-v"}).out, "-v\n");
 }
@@ -467,7 +546,7 @@ TEST_F(FrontEnd, HelpsWithEveryCommandAndExitStatus) {
     EXPECT_EQ(outcome.err, "");
     for (const char* text :
          {"  list ", "  name ", "  number ", "  run ", "  shell ", "--verbose", "--version",
-          "  0  ", "  1  ", "  2  ", "  3  ", "  126  ", "  127  "}) {
+          "  0  ", "  1  ", "  2  ", "  3  ", "  126  ", "  127  ", "Without a command: list."}) {
       EXPECT_THAT(outcome.out, HasSubstr(text));
     }
   }
@@ -487,24 +566,33 @@ TEST_P(Help, HasAnExample) {
 INSTANTIATE_TEST_SUITE_P(Of, Help, testing::Values("list", "name", "number", "run", "shell"));
 
 TEST_F(FrontEnd, HelpOfRunNamesTheProgramAndItsArguments) {
-  EXPECT_THAT(ovxid({"run", "--help"}).out, HasSubstr("PROGRAM [ARG...]"));
+  EXPECT_THAT(ovxid({"run", "--help"}).out,
+              HasSubstr("Usage: ovxid run [OPTIONS] [--] PROGRAM [ARG...]\n"));
 }
 
 TEST_F(FrontEnd, KnowsNoBoardWhenOnlyHelpIsAskedFor) {
   hardwareLineThatEndsAtItsColon();
   EXPECT_EQ(ovxid({"run", "--help"}).status, 0);
-  EXPECT_EQ(ovxid({"shell", "-h"}).status, 0);
+  EXPECT_EQ(ovxid({"shell", "--help"}).status, 0);
 }
 
-TEST(ManualPage, NamesEveryOptionCommandAndExitStatusOfTheHelp) {
+TEST_F(FrontEnd, HasEveryOptionCommandAndExitStatusOfItsHelpInTheManualPage) {
   std::ostringstream page;
   page << std::ifstream(OVXID_MANUAL_PAGE).rdbuf();
-  for (const char* text :
-       {".BR list\n", ".BR name \", \" number\n", ".B run\n", ".B shell\n",
-        ".BR \\-v \", \" \\-\\-verbose\n", ".BR \\-h \", \" \\-\\-help\n", ".B \\-\\-version\n",
-        ".B 0\n", ".B 1\n", ".B 2\n", ".B 3\n", ".B 126\n", ".B 127\n"}) {
-    EXPECT_THAT(page.str(), HasSubstr(std::string(text)));
+  const std::string help = ovxid({"--help"}).out;
+  const std::regex entry("\n  ([^ ]+)  ");
+  int entries = 0;
+  for (std::sregex_iterator match(help.begin(), help.end(), entry), end; match != end; ++match) {
+    std::istringstream names((*match)[1]);
+    for (std::string name; std::getline(names, name, ','); ++entries) {
+      const std::string escaped = std::regex_replace(name, std::regex("-"), "\\-");
+      EXPECT_THAT(
+          page.str(),
+          ContainsRegex("\n[.]BR? (.* )?" +
+                        std::regex_replace(escaped, std::regex(R"(\\)"), R"(\\)") + "( .*)?\n"));
+    }
   }
+  EXPECT_EQ(entries, 16);
 }
 
 TEST(ManualPage, IsOfThisVersion) {

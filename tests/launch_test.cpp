@@ -1,8 +1,10 @@
+#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <unistd.h>
 
 #include <cerrno>
 #include <cstdlib>
+#include <filesystem>
 #include <fstream>
 
 #include "bench/board.h"
@@ -23,6 +25,9 @@ class Launch : public testing::Test {
     return inChild([&] {
       clearenv();
       setenv("PATH", "/usr/bin:/bin", 1);
+      std::filesystem::current_path(mDirectory);
+      std::ofstream("/proc/input") << mInput;
+      dup2(open("/proc/input", O_RDONLY | O_CLOEXEC), STDIN_FILENO);
       for (const auto& [name, value] : mEnvironment) {
         setenv(name.c_str(), value.c_str(), 1);
       }
@@ -41,6 +46,8 @@ class Launch : public testing::Test {
   Board mBoard;
   OvxIdentifier mIdentifier{nullptr};
   std::vector<std::pair<std::string, std::string>> mEnvironment;
+  std::string mInput;
+  std::string mDirectory = "/";
 };
 
 TEST_F(Launch, RunsAProgramFoundThroughThePathWithItsArguments) {
@@ -173,10 +180,34 @@ TEST_F(Launch, WithTheShellUsesAParameterNamedShell) {
 }
 
 TEST_F(Launch, WithTheShellAndNoArgumentsStartsItBare) {
-  mEnvironment = {{"SHELL", "/bin/echo"}};
-  const Outcome outcome = launch({}, true);
-  EXPECT_EQ(outcome.out, "\n");
-  EXPECT_EQ(outcome.status, 0);
+  mInput = "echo $0 $#\n";
+  EXPECT_EQ(launch({}, true).out, "/bin/bash 0\n");
+}
+
+TEST_F(Launch, RunsLsWithItsArguments) {
+  mBoard.directory("/proc/empty");
+  mDirectory = "/proc/empty";
+  EXPECT_EQ(launch({"ls", "-l"}, false).out, "total 0\n");
+}
+
+TEST_F(Launch, HandsOpenDescriptorsToTheProgram) {
+  const int descriptor = dup(STDIN_FILENO);
+  const std::string file = "/proc/self/fd/" + std::to_string(descriptor);
+  EXPECT_EQ(launch({"test", "-e", file}, false).status, 0);
+  close(descriptor);
+  EXPECT_EQ(launch({"test", "-e", file}, false).status, 1);
+}
+
+TEST_F(Launch, CutsANameAtItsFirstNulByte) {
+  mIdentifier.addParameter(bytes("OVX_A\0B"), "1");
+  EXPECT_EQ(launch({"env"}, false).out, "PATH=/usr/bin:/bin\nOVX_A=1\n");
+}
+
+TEST_F(Launch, OfTheShellOnABoardKnownByItsReleaseShowsItNumberAndNameAlone) {
+  mBoard.catalogue("Field Node:3:fn1\n").kernelRelease("5.10.0-fn1");
+  mIdentifier = OvxIdentifier(nullptr);
+  mIdentifier.loadParams();
+  EXPECT_EQ(shell("env | grep ^OVX_ | sort").out, "OVX_DESC=Field Node\nOVX_ID=3\n");
 }
 
 TEST_F(Launch, OfAMissingProgramReturnsWithItsErrnoAndTheParametersExported) {

@@ -2,20 +2,21 @@
 
 #include <iomanip>
 #include <sstream>
+#include <stdexcept>
 
 #include "bench/board.h"
 #include "bench/locale.h"
 
 namespace {
 
-// Records what reaches it and how often it is flushed.
-class CountingBuffer : public std::stringbuf {
+// Keeps what had been written at each flush.
+class FlushRecorder : public std::stringbuf {
  public:
-  int flushes = 0;
+  std::vector<std::string> flushed;
 
  protected:
   int sync() override {
-    ++flushes;
+    flushed.push_back(str());
     return std::stringbuf::sync();
   }
 };
@@ -53,11 +54,11 @@ TEST(AddParameter, LogsNothing) {
 TEST(Listing, OfAnEmptyListWritesNothingAndDoesNotFlush) {
   Board board;
   OvxIdentifier identifier(nullptr);
-  CountingBuffer buffer;
+  FlushRecorder buffer;
   std::ostream out(&buffer);
   identifier.listParams(out);
   EXPECT_EQ(buffer.str(), "");
-  EXPECT_EQ(buffer.flushes, 0);
+  EXPECT_EQ(buffer.flushed.size(), 0U);
 }
 
 TEST(Listing, FlushesAfterEachRecord) {
@@ -65,11 +66,10 @@ TEST(Listing, FlushesAfterEachRecord) {
   OvxIdentifier identifier(nullptr);
   identifier.addParameter("OVX_A", "1");
   identifier.addParameter("OVX_B", "2");
-  CountingBuffer buffer;
+  FlushRecorder buffer;
   std::ostream out(&buffer);
   identifier.listParams(out);
-  EXPECT_EQ(buffer.str(), "OVX_A=1\nOVX_B=2\n");
-  EXPECT_EQ(buffer.flushes, 2);
+  EXPECT_EQ(buffer.flushed, (std::vector<std::string>{"OVX_A=1\n", "OVX_A=1\nOVX_B=2\n"}));
 }
 
 TEST(Listing, ReturnsTheStreamItWasGiven) {
@@ -204,9 +204,20 @@ TEST(Collection, DoesNotDetermineTheIdentity) {
   EXPECT_EQ(listing(identifier), "OVX_BOARDID=7\n");
 }
 
+TEST(Collection, TakesNumberAndNameAsTheyStandOnAnUndeterminedIdentifierToo) {
+  Board board;
+  board.property("boardid", "7").property("description", "Field Node");
+  OvxIdentifier identifier(nullptr);
+  identifier.determineIdentity();
+  board.remove(nodePath).cpuinfo("Hardware\t:\n");
+  EXPECT_THROW(identifier.determineIdentity(), std::out_of_range);
+  identifier.parse_params();
+  EXPECT_EQ(listing(identifier), "OVX_ID=7\nOVX_DESC=Field Node\n");
+}
+
 TEST(Collection, OfAPcWithoutANodeSearchesTheWanInterface) {
   Board board;
-  board.machine("x86_64");
+  board.machine("x86_64").address("lo", "127.0.0.1/8");
   board.interface("eth0", "02:42:ac:11:00:02").address("eth0", "10.0.0.1/24");
   OvxIdentifier identifier(nullptr);
   identifier.loadParams();

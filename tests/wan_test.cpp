@@ -9,6 +9,7 @@
 
 #include "bench/board.h"
 #include "bench/child.h"
+#include "bench/kernel.h"
 
 namespace {
 
@@ -132,6 +133,16 @@ TEST(WanSearch, ExaminesNoEntryBeyondTheBuffer) {
   EXPECT_EQ(wanFound(), "");
 }
 
+TEST(WanSearch, AsksForAListOf1024Bytes) {
+  Board board;
+  wanFound();
+  EXPECT_EQ(kernel.askedBytes, 1024);
+}
+
+#if defined(__LP64__)
+TEST(WanSearch, ExaminesTwentyFiveEntriesOn64Bits) { EXPECT_EQ(entriesExamined, 25); }
+#endif
+
 TEST(WanSearch, CalledTwiceAppendsTwice) {
   Board board;
   board.interface("eth0", someMac).address("eth0", "10.0.0.1/24");
@@ -150,6 +161,7 @@ TEST(WanSearch, ReportsAFailedSocket) {
 TEST(WanSearch, ReportsAFailedRequest) {
   Board board;
   board.interface("eth0", someMac).address("eth0", "10.0.0.1/24").requestFails(SIOCGIFCONF);
+  board.closeChangesErrno();
   EXPECT_EQ(standardErrorOf([&] { EXPECT_EQ(wanFound(), ""); }),
             "ioctl(SIOCGIFCONF): Input/output error\n");
 }
@@ -265,9 +277,10 @@ TEST_F(WanMac, IsAskedForTheNameUpToItsFirstNulByte) {
   EXPECT_EQ(addedFor(bytes("eth0\0and far more than sixteen bytes")), "OVX_WAN_ID=242ffac1102\n");
 }
 
-TEST_F(WanMac, OfALabelIsThatOfItsInterface) {
+TEST_F(WanMac, OfALabelIsAskedForByTheLabelAsItStands) {
   mBoard.interface("eth0", someMac).labelledAddress("eth0:1", "10.0.0.1/24");
   EXPECT_EQ(addedFor("eth0:1"), "OVX_WAN_ID=242ffac1102\n");
+  EXPECT_EQ(kernel.askedInterface, "eth0:1");
 }
 
 TEST_F(WanMac, OfAMissingInterfaceIsReportedAndNotAdded) {
@@ -287,7 +300,7 @@ TEST_F(WanMac, WithoutASocketIsReportedAsABadDescriptor) {
 }
 
 TEST_F(WanMac, WhoseRequestFailsIsReportedAndNotAdded) {
-  mBoard.requestFails(SIOCGIFHWADDR);
+  mBoard.requestFails(SIOCGIFHWADDR).closeChangesErrno();
   EXPECT_EQ(standardErrorOf([&] { EXPECT_EQ(addedFor("lo"), ""); }),
             "ioctl(wan_mac): Input/output error\n");
 }

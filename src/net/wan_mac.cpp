@@ -47,8 +47,8 @@ void OvxIdentifier::add_wan_mac() {
   if (wan == mParams.end()) {
     return;
   }
-  ifreq request = requestFor(wan->value);
   const QuerySocket kernel;
+  ifreq request = requestFor(wan->value);
   if (ioctl(kernel.descriptor(), SIOCGIFHWADDR, &request) < 0) {
     std::perror("ioctl(wan_mac)");
     return;

@@ -32,8 +32,8 @@ void OvxIdentifier::search_wan() {
     std::perror("ioctl(SIOCGIFCONF)");
     return;
   }
-  const auto count = static_cast<std::size_t>(list.ifc_len) / sizeof(ifreq);
-  for (std::size_t i = 0; i < count; ++i) {
+  const int count = list.ifc_len / static_cast<int>(sizeof(ifreq));
+  for (int i = 0; i < count; ++i) {
     const std::string name = interfaceName(list.ifc_req[i]);
     if (name != "lo") {
       addParameter("OVX_WAN", name);

@@ -96,7 +96,7 @@ Board& Board::remove(const std::string& path) {
   return *this;
 }
 
-Board& Board::forbid(const std::string& path, unsigned mode) {
+Board& Board::permissions(const std::string& path, unsigned mode) {
   if (chmod(path.c_str(), mode) != 0) {
     throw std::system_error(errno, std::generic_category(), "chmod " + path);
   }
@@ -132,6 +132,11 @@ Board& Board::socketFails(int error) {
 
 Board& Board::requestFails(unsigned long request) {
   kernel.failingRequest = request;
+  return *this;
+}
+
+Board& Board::closeChangesErrno() {
+  kernel.closeChangesErrno = true;
   return *this;
 }
 

@@ -34,7 +34,7 @@ class Board {
 
   Board& directory(const std::string& path);
   Board& remove(const std::string& path);
-  Board& forbid(const std::string& path, unsigned mode = 0);
+  Board& permissions(const std::string& path, unsigned mode);
 
   // Interfaces stand in the kernel's list in the order in which they are made here.
   Board& interface(const std::string& name, const std::string& mac);
@@ -44,6 +44,7 @@ class Board {
 
   Board& socketFails(int error);
   Board& requestFails(unsigned long request);
+  Board& closeChangesErrno();
   Board& readFailsAfter(int reads);
   // For addresses that no interface of this kernel can be given.
   Board& kernelAnswersMac(const std::array<unsigned char, 6>& mac);

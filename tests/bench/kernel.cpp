@@ -40,15 +40,29 @@ extern "C" ssize_t read(int descriptor, void* buffer, size_t size) {
   return syscall(SYS_read, descriptor, buffer, size);
 }
 
-extern "C" int ioctl(int descriptor, unsigned long request, ...) noexcept {
-  if (request == kernel.failingRequest) {
-    errno = EIO;
-    return -1;
+extern "C" int close(int descriptor) {
+  const int result = static_cast<int>(syscall(SYS_close, descriptor));
+  if (kernel.closeChangesErrno) {
+    errno = ENOTTY;
   }
+  return result;
+}
+
+extern "C" int ioctl(int descriptor, unsigned long request, ...) noexcept {
   va_list arguments;
   va_start(arguments, request);
   void* const argument = va_arg(arguments, void*);
   va_end(arguments);
+  if (request == SIOCGIFHWADDR) {
+    kernel.askedInterface = static_cast<ifreq*>(argument)->ifr_name;
+  }
+  if (request == SIOCGIFCONF) {
+    kernel.askedBytes = static_cast<ifconf*>(argument)->ifc_len;
+  }
+  if (request == kernel.failingRequest) {
+    errno = EIO;
+    return -1;
+  }
   if (request == SIOCGIFHWADDR && kernel.mac) {
     std::memcpy(static_cast<ifreq*>(argument)->ifr_hwaddr.sa_data, kernel.mac->data(), 6);
     return 0;

@@ -17,6 +17,11 @@ struct Kernel {
   std::optional<unsigned long> failingRequest;
   // How many more times read(2) works before it fails, with EIO.
   std::optional<int> readsLeft;
+  // Whether close(2), while it works, changes errno, as it may.
+  bool closeChangesErrno = false;
+  // What ioctl(2) was asked for last: the interface whose address, the bytes of a list.
+  std::string askedInterface;
+  int askedBytes = 0;
   // The hardware address of every interface.
   std::optional<std::array<unsigned char, 6>> mac;
 };
