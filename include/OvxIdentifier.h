@@ -205,7 +205,7 @@ class __attribute__((visibility("default"))) OvxIdentifier {
    *
    * In this order: "OVX_ID" and "OVX_DESC", the number and the name, unless the number is negative;
    * one parameter a property below /proc/device-tree/orvanix, see OvxDTParser; "OVX_WAN" by
-   * search_wan(), only when that node is missing and the number is 64; and "OVX_WAN_ID" by
+   * search_wan(), only when that walk failed and the number is 64; and "OVX_WAN_ID" by
    * add_wan_mac(). A second call appends them all a second time. Logs nothing.
    */
   void parse_params();
