@@ -201,6 +201,7 @@ TEST(DeviceTreeWalk, OfAMissingDirectoryFailsAndAddsNothing) {
 TEST(DeviceTreeWalk, OfAMissingDirectoryStillSetsItsTarget) {
   Board board;
   OvxIdentifier identifier(nullptr);
+  OvxDTParser::mOVxId = nullptr;
   walk(identifier);
   EXPECT_EQ(OvxDTParser::mOVxId, &identifier);
 }
