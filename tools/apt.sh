@@ -13,6 +13,7 @@
   packages_cross_arm64=(crossbuild-essential-arm64 liblog4cpp5v5:arm64)
   packages_cross_armhf=(crossbuild-essential-armhf liblog4cpp5v5:armhf)
   packages_abi=(binutils pahole)
+  packages_board=(qemu-system-arm qemu-system-x86 device-tree-compiler cpio kmod pkgconf)
   packages_install_test=(debootstrap debian-archive-keyring zstd)
   # These are for the clean root of tests/packages: what programs are compiled with there, and what
   # our packages bring along.
