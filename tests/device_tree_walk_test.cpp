@@ -1,11 +1,11 @@
 #include <ftw.h>
 #include <gtest/gtest.h>
-#include <sys/resource.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <cerrno>
 #include <filesystem>
+#include <iterator>
 #include <locale>
 #include <sstream>
 
@@ -263,19 +263,20 @@ TEST(DeviceTreeWalk, GivesAnEmptyValueForAPropertyThatMayNotBeRead) {
   EXPECT_EQ(listing(identifier), "OVX_SECRET=\n");
 }
 
-// The limit of descriptors with which so many more can be opened.
-rlim_t limitThatLeaves(int count) {
-  std::vector<int> descriptors(static_cast<std::size_t>(count));
-  for (int& descriptor : descriptors) {
-    descriptor = dup(STDERR_FILENO);
-  }
-  for (const int descriptor : descriptors) {
-    close(descriptor);
-  }
-  return static_cast<rlim_t>(descriptors.back()) + 1;
+std::ptrdiff_t openDescriptors() {
+  const std::filesystem::directory_iterator descriptors("/proc/self/fd");
+  return std::distance(begin(descriptors), end(descriptors));
 }
 
-TEST(DeviceTreeWalk, ReachesEveryDepthWithTenDirectoriesOpenAtMost) {
+TEST(DeviceTreeWalk, ReachesEveryDepthWithTenDirectoriesOpen) {
+  // The walk asks the locale for upper case, which is when this counts.
+  static std::ptrdiff_t open = 0;
+  struct Counting : std::ctype<char> {
+    char do_toupper(char byte) const override {
+      open = openDescriptors();
+      return byte;
+    }
+  };
   Board board;
   std::string path;
   for (int depth = 0; depth < 40; ++depth) {
@@ -283,15 +284,13 @@ TEST(DeviceTreeWalk, ReachesEveryDepthWithTenDirectoriesOpenAtMost) {
   }
   board.property(path + "deep", "1");
   OvxIdentifier identifier(nullptr);
-  rlimit limit{};
-  getrlimit(RLIMIT_NOFILE, &limit);
-  const rlimit before = limit;
-  limit.rlim_cur = limitThatLeaves(10 + 1);
-  setrlimit(RLIMIT_NOFILE, &limit);
+  const auto before = openDescriptors();
+  const std::locale locale = std::locale::global({std::locale::classic(), new Counting});
   const int result = walk(identifier);
-  setrlimit(RLIMIT_NOFILE, &before);
+  std::locale::global(locale);
   EXPECT_EQ(result, 0);
-  EXPECT_EQ(listing(identifier), "OVX_DEEP=1\n");
+  EXPECT_EQ(listing(identifier), "OVX_deep=1\n");
+  EXPECT_EQ(open - before, 10);
 }
 
 TEST(DeviceTreeWalk, LeavesTheWorkingDirectoryAloneWhileItReads) {
