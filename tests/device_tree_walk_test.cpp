@@ -5,11 +5,11 @@
 #include <algorithm>
 #include <cerrno>
 #include <filesystem>
-#include <iterator>
 #include <locale>
 #include <sstream>
 
 #include "bench/board.h"
+#include "bench/descriptors.h"
 
 namespace {
 
@@ -261,11 +261,6 @@ TEST(DeviceTreeWalk, GivesAnEmptyValueForAPropertyThatMayNotBeRead) {
   const DroppedPrivileges dropped;
   EXPECT_EQ(walk(identifier), 0);
   EXPECT_EQ(listing(identifier), "OVX_SECRET=\n");
-}
-
-std::ptrdiff_t openDescriptors() {
-  const std::filesystem::directory_iterator descriptors("/proc/self/fd");
-  return std::distance(begin(descriptors), end(descriptors));
 }
 
 TEST(DeviceTreeWalk, ReachesEveryDepthWithTenDirectoriesOpen) {

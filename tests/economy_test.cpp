@@ -7,12 +7,12 @@
 #include <cstring>
 #include <filesystem>
 #include <fstream>
-#include <iterator>
 #include <string>
 #include <system_error>
 
 #include "bench/allocations.h"
 #include "bench/board.h"
+#include "bench/descriptors.h"
 
 namespace {
 
@@ -101,42 +101,37 @@ INSTANTIATE_TEST_SUITE_P(File, ReadOnce,
                          testing::Values(cataloguePath, cpuinfoPath,
                                          "/proc/device-tree/orvanix/description"));
 
-std::ptrdiff_t openFiles() {
-  const std::filesystem::directory_iterator files("/proc/self/fd");
-  return std::distance(begin(files), end(files));
-}
-
 TEST(Economy, LeavesNoFileOpenOnABoardOfTheDeviceTree) {
   Board board;
   board.catalogue("Field Node:3\n").property("boardid", "7").property("description", "x");
-  const auto before = openFiles();
+  const auto before = openDescriptors();
   OvxIdentifier identifier(nullptr);
-  EXPECT_EQ(openFiles(), before);
+  EXPECT_EQ(openDescriptors(), before);
   identifier.loadParams();
-  EXPECT_EQ(openFiles(), before);
+  EXPECT_EQ(openDescriptors(), before);
 }
 
 TEST(Economy, LeavesNoFileOpenOnABoardKnownByCpuinfo) {
   Board board;
   board.catalogue("Field Node:3:fn1\n").property("description", "x");
   OvxIdentifier identifier(nullptr);
-  const auto before = openFiles();
+  const auto before = openDescriptors();
   board.cpuinfo("Hardware\t: Field Node\n");
   EXPECT_TRUE(identifier.determineIdentity());
   board.cpuinfo("Hardware\t: fn1\n");
   EXPECT_TRUE(identifier.determineIdentity());
-  EXPECT_EQ(openFiles(), before);
+  EXPECT_EQ(openDescriptors(), before);
 }
 
 TEST(Economy, LeavesNoFileOpenOnAnUnknownBoard) {
   Board board;
   OvxIdentifier identifier(nullptr);
-  const auto before = openFiles();
+  const auto before = openDescriptors();
   board.cpuinfo("Hardware\t: Other\n");
   EXPECT_FALSE(identifier.determineIdentity());
   board.cpuinfo("processor\t: 0\n");
   EXPECT_FALSE(identifier.determineIdentity());
-  EXPECT_EQ(openFiles(), before);
+  EXPECT_EQ(openDescriptors(), before);
 }
 
 TEST(Economy, OpensBoardidOnce) {

@@ -1,11 +1,10 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <filesystem>
-#include <iterator>
 #include <stdexcept>
 
 #include "bench/board.h"
+#include "bench/descriptors.h"
 
 using log4cpp::Priority;
 
@@ -546,14 +545,10 @@ TEST_F(HardwareLineThatEndsAtItsColon, ThrowsAgainAtTheNextQuery) {
 }
 
 TEST_F(HardwareLineThatEndsAtItsColon, LeavesNoFileOpen) {
-  const auto openFiles = [] {
-    const std::filesystem::directory_iterator files("/proc/self/fd");
-    return std::distance(begin(files), end(files));
-  };
   OvxIdentifier identifier(mBoard.logger());
-  const auto before = openFiles();
+  const auto before = openDescriptors();
   EXPECT_THROW(identifier.determineIdentity(), std::out_of_range);
-  EXPECT_EQ(openFiles(), before);
+  EXPECT_EQ(openDescriptors(), before);
 }
 
 }  // namespace

@@ -5,20 +5,15 @@
 
 #include <cerrno>
 #include <csignal>
-#include <filesystem>
 
 #include "bench/board.h"
 #include "bench/child.h"
+#include "bench/descriptors.h"
 #include "bench/kernel.h"
 
 namespace {
 
 constexpr const char* someMac = "02:42:ac:11:00:02";
-
-std::ptrdiff_t openDescriptors() {
-  const std::filesystem::directory_iterator descriptors("/proc/self/fd");
-  return std::distance(begin(descriptors), end(descriptors));
-}
 
 // What the search appends to an empty list.
 std::string wanFound() {

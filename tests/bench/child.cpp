@@ -107,15 +107,6 @@ Outcome inChild(const std::function<int()>& call) {
   return {shellStatus(status), out.text(), err.text()};
 }
 
-Outcome runProgram(const std::vector<std::string>& argv) {
-  return inChild([&] {
-    std::vector<std::string> arguments = argv;
-    execvp(arguments[0].c_str(), pointers(arguments).data());
-    std::perror(("cannot run " + argv[0]).c_str());
-    return 255;
-  });
-}
-
 std::vector<char*> pointers(std::vector<std::string>& arguments) {
   std::vector<char*> argv;
   argv.reserve(arguments.size() + 1);

@@ -16,9 +16,6 @@ struct Outcome {
 // Runs the call in a child process, which exits with its result.
 Outcome inChild(const std::function<int()>& call);
 
-// Runs a program, argv[0], in a child process, in the environment of this one.
-Outcome runProgram(const std::vector<std::string>& argv);
-
 // The arguments as a program receives them, ended by a null pointer, and valid as long as these.
 std::vector<char*> pointers(std::vector<std::string>& arguments);
 
