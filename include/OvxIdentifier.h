@@ -266,8 +266,8 @@ class __attribute__((visibility("default"))) OvxIdentifier {
    *        shell only.
    * @param argv The arguments, with a null pointer at the end; not null. Without the shell, argv[0]
    *        is the program, looked up in PATH, and must not be null.
-   * @param useShell True runs the shell that the variable SHELL names, or /bin/bash when it is not
-   *        set, with all of argv as its arguments. An exported parameter named SHELL counts.
+   * @param useShell True runs the shell that the variable SHELL names, or ovxDefaultShell when it
+   * is not set, with all of argv as its arguments. An exported parameter named SHELL counts.
    * @return Only on failure: -1, with errno from execvp(3); EINVAL, before anything is exported,
    * for a negative argc with the shell.
    */
@@ -281,20 +281,6 @@ class __attribute__((visibility("default"))) OvxIdentifier {
   std::vector<HardwareIdentity> mKnownIdentities;
   cQlog* mLogger;
   std::vector<ovx_param> mParams;
-
-  template <typename... Text>
-  void log(log4cpp::Priority::PriorityLevel level, const Text&... text);
-
-  void queryIdentity();
-  bool identifyByDeviceTree();
-  bool identifyByUname();
-  bool identifyByRelease(const std::string& release);
-  bool identifyAsPc(const std::string& machine);
-  bool identifyByCpuinfo();
-  bool identifyByHardwareLine(const std::string& line);
-  void adopt(const HardwareIdentity& identity);
-  void readCatalogue(std::istream& file);
-  void useBuiltinCatalogue();
 };
 
 /**

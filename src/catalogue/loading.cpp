@@ -1,32 +1,58 @@
-#include <fstream>
+#include <optional>
+#include <utility>
 
+#include "OvxIdentifier.h"
 #include "catalogue/builtin.h"
-#include "identity/log.h"
+#include "catalogue/line.h"
+#include "log/log.h"
+#include "text/lines.h"
+
+using log4cpp::Priority;
+
+namespace ovxid {
+
+namespace {
+
+using Catalogue = std::vector<HardwareIdentity>;
+
+constexpr const char* cataloguePath = "/etc/known_ovx_ids";
+
+void appendLine(Catalogue& catalogue, std::string_view line, cQlog* logger) {
+  HardwareIdentity identity{};
+  if (parseLine(identity, line, logger)) {
+    catalogue.push_back(std::move(identity));
+  }
+}
+
+void appendFile(Catalogue& catalogue, const InputFile& file, cQlog* logger) {
+  LineReader lines(file);
+  while (const std::optional<std::string_view> line = lines.next()) {
+    appendLine(catalogue, *line, logger);
+  }
+}
+
+void appendBuiltin(Catalogue& catalogue, cQlog* logger) {
+  for (const BuiltinIdentity& known : builtinIdentities) {
+    // A line of a file has a message of its own, a built-in one has another.
+    appendLine(catalogue, known.line, nullptr);
+    log(logger, Priority::DEBUG, {known.message});
+  }
+}
+
+}  // namespace
+
+}  // namespace ovxid
 
 void OvxIdentifier::findKnownIdentities() {
-  log(Priority::DEBUG, "Finding list of known identities...");
-  if (std::ifstream file("/etc/known_ovx_ids"); file) {
-    log(Priority::DEBUG, "Opened file /etc/known_ovx_ids, now reading known hardware identites");
-    readCatalogue(file);
+  using namespace ovxid;
+  log(mLogger, Priority::DEBUG, {"Finding list of known identities..."});
+  if (const InputFile file(cataloguePath); file.isOpen()) {
+    log(mLogger, Priority::DEBUG,
+        {"Opened file ", cataloguePath, ", now reading known hardware identites"});
+    appendFile(mKnownIdentities, file, mLogger);
   } else {
-    log(Priority::WARN, "No /etc/known_ovx_ids, using default known hardware identities");
-    useBuiltinCatalogue();
-  }
-}
-
-void OvxIdentifier::readCatalogue(std::istream& file) {
-  std::string line;
-  while (std::getline(file, line)) {
-    HardwareIdentity identity{};
-    if (parseIdentityLine(identity, line)) {
-      mKnownIdentities.push_back(std::move(identity));
-    }
-  }
-}
-
-void OvxIdentifier::useBuiltinCatalogue() {
-  for (const BuiltinIdentity& known : builtinIdentities()) {
-    mKnownIdentities.push_back(known.identity);
-    log(Priority::DEBUG, known.message);
+    log(mLogger, Priority::WARN,
+        {"No ", cataloguePath, ", using default known hardware identities"});
+    appendBuiltin(mKnownIdentities, mLogger);
   }
 }

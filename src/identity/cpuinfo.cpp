@@ -1,46 +1,68 @@
-#include <fstream>
+#include "identity/match.h"
+#include "log/log.h"
+#include "platform.h"
+#include "text/lines.h"
 
-#include "identity/aliases.h"
-#include "identity/log.h"
+using log4cpp::Priority;
 
-bool OvxIdentifier::identifyByCpuinfo() {
-  log(Priority::DEBUG,
-      "Finding the hardware idenitity with uname failed,"
-      " attempting to find hardware identity with cpuinfo");
-  std::ifstream cpuinfo("/proc/cpuinfo");
-  if (!cpuinfo) {
-    log(Priority::ERROR, "Could not open the /proc/cpuinfo file, is the proc filesystem mounted");
-    return false;
-  }
-  std::string line;
-  while (std::getline(cpuinfo, line)) {
-    log(Priority::DEBUG, "Cpuinfo line: ", line);
-    if (line.rfind("Hardware", 0) == 0) {
-      return identifyByHardwareLine(line);
+namespace ovxid {
+
+namespace {
+
+constexpr std::string_view hardwareField = "Hardware";
+
+// The file is read no further than its first Hardware line.
+std::optional<std::string> hardwareLine(const InputFile& cpuinfo, cQlog* logger) {
+  LineReader lines(cpuinfo);
+  while (const std::optional<std::string_view> line = lines.next()) {
+    log(logger, Priority::DEBUG, {"Cpuinfo line: ", *line});
+    if (line->substr(0, hardwareField.size()) == hardwareField) {
+      return std::string(*line);
     }
   }
-  return false;
+  return std::nullopt;
 }
 
-bool OvxIdentifier::identifyByHardwareLine(const std::string& line) {
-  log(Priority::DEBUG, "Found Hardware field...");
-  // Without a colon, npos + 2 wraps around to 1; with nothing behind it, substr throws.
-  const std::string value = line.substr(line.find(':') + 2);
-  log(Priority::DEBUG, "Found possisble alias: '", value, "'");
-  log(Priority::DEBUG, "Searching known real names...");
-  for (const HardwareIdentity& identity : mKnownIdentities) {
+Finding identifyByValue(const std::string& value, const Search& search) {
+  log(search.logger, Priority::DEBUG, {"Searching known real names..."});
+  for (const HardwareIdentity& identity : search.catalogue) {
     if (identity.name == value) {
-      adopt(identity);
-      return true;
+      return found(identity);
     }
   }
-  log(Priority::DEBUG, "Searching known aliases...");
-  for (const HardwareIdentity& identity : mKnownIdentities) {
+  log(search.logger, Priority::DEBUG, {"Searching known aliases..."});
+  for (const HardwareIdentity& identity : search.catalogue) {
     if (hasAlias(identity, value)) {
-      adopt(identity);
-      return true;
+      return found(identity);
     }
   }
-  log(Priority::ERROR, "The possible alias is not a real name or alias of any identity");
-  return false;
+  log(search.logger, Priority::ERROR,
+      {"The possible alias is not a real name or alias of any identity"});
+  return {};
 }
+
+}  // namespace
+
+Finding identifyByCpuinfo(Search& search) {
+  log(search.logger, Priority::DEBUG,
+      {"Finding the hardware idenitity with uname failed,"
+       " attempting to find hardware identity with cpuinfo"});
+  const InputFile cpuinfo(cpuinfoPath);
+  if (!cpuinfo.isOpen()) {
+    log(search.logger, Priority::ERROR,
+        {"Could not open the ", cpuinfoPath, " file, is the proc filesystem mounted"});
+    return {};
+  }
+  const std::optional<std::string> line = hardwareLine(cpuinfo, search.logger);
+  if (!line) {
+    return {};
+  }
+  log(search.logger, Priority::DEBUG, {"Found Hardware field..."});
+  // Without a colon, npos + 2 wraps around to 1; with nothing behind it, substr throws the
+  // std::out_of_range that callers know.
+  const std::string value = line->substr(line->find(':') + 2);
+  log(search.logger, Priority::DEBUG, {"Found possisble alias: '", value, "'"});
+  return identifyByValue(value, search);
+}
+
+}  // namespace ovxid

@@ -1,22 +1,58 @@
-#include <fstream>
-#include <locale>
+#include <array>
 
-#include "identity/log.h"
+#include "identity/sources.h"
+#include "log/log.h"
+#include "platform.h"
+#include "text/lines.h"
+#include "text/number.h"
 
-bool OvxIdentifier::identifyByDeviceTree() {
-  log(Priority::DEBUG, "Attempting to find alias by DT");
-  if (std::ifstream boardid("/proc/device-tree/orvanix/boardid"); boardid) {
-    // Whatever the process's locale, a board number has no digit grouping.
-    boardid.imbue(std::locale::classic());
-    boardid >> mHardwareNumber;
-    mDetermined = true;
-  } else {
-    log(Priority::DEBUG, "Could not open /proc/device-tree/orvanix/boardid ");
+using log4cpp::Priority;
+
+namespace ovxid {
+
+namespace {
+
+// The path of a file of the node, put together by the compiler.
+template <std::size_t Size>
+constexpr std::array<char, nodePath.size() + 1 + Size> inNode(const char (&name)[Size]) {
+  std::array<char, nodePath.size() + 1 + Size> path{};
+  std::size_t end = 0;
+  for (const char byte : nodePath) {
+    path[end++] = byte;
   }
-  if (std::ifstream description("/proc/device-tree/orvanix/description"); description) {
-    std::getline(description, mHardwareName);
-  } else {
-    log(Priority::DEBUG, "Could not open /proc/device-tree/orvanix/description ");
+  path[end++] = '/';
+  for (const char byte : name) {
+    path[end++] = byte;
   }
-  return mDetermined;
+  return path;
 }
+
+constexpr auto boardidPath = inNode("boardid");
+constexpr auto descriptionPath = inNode("description");
+
+void logUnopened(const char* path, cQlog* logger) {
+  log(logger, Priority::DEBUG, {"Could not open ", path, " "});
+}
+
+}  // namespace
+
+// A board that has the node is trusted: that "boardid" can be opened identifies it, whatever can be
+// read from there.
+Finding identifyByDeviceTree(Search& search) {
+  log(search.logger, Priority::DEBUG, {"Attempting to find alias by DT"});
+  Finding finding;
+  if (const InputFile boardid(boardidPath.data()); boardid.isOpen()) {
+    finding.identified = true;
+    finding.number = firstNumber(boardid);
+  } else {
+    logUnopened(boardidPath.data(), search.logger);
+  }
+  if (const InputFile description(descriptionPath.data()); description.isOpen()) {
+    finding.name = firstLine(description);
+  } else {
+    logUnopened(descriptionPath.data(), search.logger);
+  }
+  return finding;
+}
+
+}  // namespace ovxid

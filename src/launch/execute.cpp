@@ -5,8 +5,11 @@
 
 #include "OvxIdentifier.h"
 
+namespace ovxid {
+
 namespace {
 
+// What setenv refuses is passed over: a property of the device tree may have any name.
 void exportParams(const std::vector<ovx_param>& params) {
   for (const ovx_param& param : params) {
     setenv(param.name.c_str(), param.value.c_str(), 1);
@@ -26,11 +29,13 @@ int executeShell(int argc, char** argv) {
 
 }  // namespace
 
+}  // namespace ovxid
+
 int OvxIdentifier::execute(int argc, char** argv, bool useShell) {
   if (useShell && argc < 0) {
     errno = EINVAL;
     return -1;
   }
-  exportParams(mParams);
-  return useShell ? executeShell(argc, argv) : execvp(argv[0], argv);
+  ovxid::exportParams(mParams);
+  return useShell ? ovxid::executeShell(argc, argv) : execvp(argv[0], argv);
 }

@@ -4,6 +4,8 @@
 #include <sys/socket.h>
 #include <unistd.h>
 
+namespace ovxid {
+
 // A socket through which the kernel answers questions about its interfaces, closed when it goes out
 // of scope.
 class QuerySocket {
@@ -22,5 +24,7 @@ class QuerySocket {
  private:
   int mDescriptor;
 };
+
+}  // namespace ovxid
 
 #endif

@@ -10,12 +10,16 @@
 
 #include "OvxIdentifier.h"
 #include "net/query_socket.h"
+#include "params/names.h"
+
+namespace ovxid {
 
 namespace {
 
 constexpr std::size_t macLength = 6;
 
-// An unfitting name would ask about another interface if it were cut.
+// A name that does not fit is not cut: the kernel may have an interface of the shorter name, and
+// its address would pass for that of the board.
 ifreq requestFor(const std::string& interface) {
   ifreq request{};
   const std::size_t length = std::strlen(interface.c_str());
@@ -41,17 +45,22 @@ std::string macText(const sockaddr& address) {
 
 }  // namespace
 
+}  // namespace ovxid
+
 void OvxIdentifier::add_wan_mac() {
-  const auto wan = std::find_if(mParams.begin(), mParams.end(),
-                                [](const ovx_param& param) { return param.name == "OVX_WAN"; });
+  namespace parameter = ovxid::parameter;
+  const auto wan = std::find_if(mParams.begin(), mParams.end(), [](const ovx_param& param) {
+    return param.name == parameter::wan;
+  });
   if (wan == mParams.end()) {
     return;
   }
-  const QuerySocket kernel;
-  ifreq request = requestFor(wan->value);
+  // A socket that could not be made fails in the request, whose message board programs expect.
+  const ovxid::QuerySocket kernel;
+  ifreq request = ovxid::requestFor(wan->value);
   if (ioctl(kernel.descriptor(), SIOCGIFHWADDR, &request) < 0) {
     std::perror("ioctl(wan_mac)");
     return;
   }
-  addParameter("OVX_WAN_ID", macText(request.ifr_hwaddr));
+  addParameter(parameter::wanMac, ovxid::macText(request.ifr_hwaddr));
 }

@@ -7,8 +7,15 @@
 
 #include "OvxIdentifier.h"
 #include "net/query_socket.h"
+#include "params/names.h"
+
+namespace ovxid {
 
 namespace {
+
+constexpr const char* loopback = "lo";
+// Board programs rely on how many interfaces are looked at, so the buffer does not grow.
+constexpr std::size_t listSize = 1024;
 
 std::string interfaceName(const ifreq& entry) {
   return {std::begin(entry.ifr_name),
@@ -17,13 +24,15 @@ std::string interfaceName(const ifreq& entry) {
 
 }  // namespace
 
+}  // namespace ovxid
+
 void OvxIdentifier::search_wan() {
-  alignas(ifreq) std::array<char, 1024> buffer{};
+  alignas(ifreq) std::array<char, ovxid::listSize> buffer{};
   ifconf list{};
   list.ifc_len = buffer.size();
   list.ifc_buf = buffer.data();
 
-  const QuerySocket kernel;
+  const ovxid::QuerySocket kernel;
   if (kernel.descriptor() < 0) {
     std::perror("socket");
     return;
@@ -34,9 +43,9 @@ void OvxIdentifier::search_wan() {
   }
   const int count = list.ifc_len / static_cast<int>(sizeof(ifreq));
   for (int i = 0; i < count; ++i) {
-    const std::string name = interfaceName(list.ifc_req[i]);
-    if (name != "lo") {
-      addParameter("OVX_WAN", name);
+    const std::string name = ovxid::interfaceName(list.ifc_req[i]);
+    if (name != ovxid::loopback) {
+      addParameter(ovxid::parameter::wan, name);
       return;
     }
   }

@@ -1,13 +1,15 @@
 #include "OvxIdentifier.h"
-#include "identity/pc.h"
+#include "params/names.h"
+#include "platform.h"
 
 void OvxIdentifier::parse_params() {
+  namespace parameter = ovxid::parameter;
   if (mHardwareNumber >= 0) {
-    addParameter("OVX_ID", std::to_string(mHardwareNumber));
-    addParameter("OVX_DESC", mHardwareName);
+    addParameter(parameter::id, std::to_string(mHardwareNumber));
+    addParameter(parameter::description, mHardwareName);
   }
-  char node[] = "/proc/device-tree/orvanix";
-  if (OvxDTParser::parse(this, node) < 0 && mHardwareNumber == pcNumber) {
+  std::string node(ovxid::nodePath);
+  if (OvxDTParser::parse(this, node.data()) < 0 && mHardwareNumber == ovxid::pcNumber) {
     search_wan();
   }
   add_wan_mac();

@@ -1,38 +1,44 @@
 #include <ftw.h>
 
-#include <fstream>
 #include <locale>
+#include <string_view>
 #include <utility>
 
 #include "OvxIdentifier.h"
+#include "params/names.h"
+#include "text/lines.h"
+
+namespace ovxid {
 
 namespace {
 
 constexpr int maxOpenDirectories = 10;
+constexpr std::string_view nodesOwnName = "name";
 
-std::string parameterName(const std::string& property) {
+std::string parameterName(std::string_view property) {
   const std::locale locale;
-  std::string name = "OVX_" + property;
-  for (auto byte = name.begin() + 4; byte != name.end(); ++byte) {
-    *byte = std::toupper(*byte, locale);
+  const auto& letters = std::use_facet<std::ctype<char>>(locale);
+  std::string name = parameter::prefix;
+  for (const char byte : property) {
+    name += letters.toupper(byte);
   }
   return name;
 }
 
-std::string firstLine(const char* path) {
-  std::string line;
-  std::ifstream file(path);
-  std::getline(file, line);
-  return line;
+std::string firstLineOf(const char* path) {
+  const InputFile file(path);
+  return file.isOpen() ? firstLine(file) : std::string();
 }
 
 }  // namespace
+
+}  // namespace ovxid
 
 OvxIdentifier* OvxDTParser::mOVxId = nullptr;
 
 int OvxDTParser::parse(OvxIdentifier* id, char* dir) {
   mOVxId = id;
-  return nftw(dir, ftw_cb, maxOpenDirectories, 0);
+  return nftw(dir, ftw_cb, ovxid::maxOpenDirectories, 0);
 }
 
 int OvxDTParser::ftw_cb(const char* fpath, const struct stat* /*sb*/, int typeflag,
@@ -40,9 +46,11 @@ int OvxDTParser::ftw_cb(const char* fpath, const struct stat* /*sb*/, int typefl
   if (typeflag != FTW_F) {
     return 0;
   }
-  const std::string property = fpath + ftwbuf->base;
-  if (property != "name") {
-    mOVxId->addParameter(parameterName(property), firstLine(fpath));
+  const std::string_view property = fpath + ftwbuf->base;
+  if (property == ovxid::nodesOwnName) {
+    return 0;
   }
+  std::string name = ovxid::parameterName(property);
+  mOVxId->addParameter(std::move(name), ovxid::firstLineOf(fpath));
   return 0;
 }

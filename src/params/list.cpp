@@ -3,6 +3,8 @@
 
 #include "OvxIdentifier.h"
 
+namespace ovxid {
+
 namespace {
 
 // Unformatted, so that a width set on the stream pads nothing.
@@ -12,15 +14,17 @@ void writeBytes(std::ostream& out, const std::string& bytes) {
 
 }  // namespace
 
+}  // namespace ovxid
+
 void OvxIdentifier::addParameter(std::string name, std::string value) {
   mParams.push_back({std::move(name), std::move(value)});
 }
 
 std::ostream& OvxIdentifier::listParams(std::ostream& out) {
   for (const ovx_param& param : mParams) {
-    writeBytes(out, param.name);
+    ovxid::writeBytes(out, param.name);
     out.put('=');
-    writeBytes(out, param.value);
+    ovxid::writeBytes(out, param.value);
     out << std::endl;
   }
   return out;

@@ -1,0 +1,17 @@
+#ifndef OVXID_PARAMS_NAMES_H
+#define OVXID_PARAMS_NAMES_H
+
+// The names of the parameters.
+namespace ovxid::parameter {
+
+// A property of the device tree has this before its own name.
+constexpr const char* prefix = "OVX_";
+
+constexpr const char* id = "OVX_ID";
+constexpr const char* description = "OVX_DESC";
+constexpr const char* wan = "OVX_WAN";
+constexpr const char* wanMac = "OVX_WAN_ID";
+
+}  // namespace ovxid::parameter
+
+#endif
