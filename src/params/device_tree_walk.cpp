@@ -1,5 +1,6 @@
 #include <ftw.h>
 
+#include <exception>
 #include <locale>
 #include <string_view>
 #include <utility>
@@ -30,6 +31,20 @@ std::string firstLineOf(const char* path) {
   return file.isOpen() ? firstLine(file) : std::string();
 }
 
+// What the callback of the walk under way threw.
+std::exception_ptr thrown;
+
+// nftw(3) is C: an exception would pass through it without closing its directories, or end the
+// process. So the walk ends here, and the exception goes on when nftw(3) has returned.
+int visit(const char* path, const struct stat* status, int type, FTW* position) noexcept {
+  try {
+    return OvxDTParser::ftw_cb(path, status, type, position);
+  } catch (...) {
+    thrown = std::current_exception();
+    return -1;
+  }
+}
+
 }  // namespace
 
 }  // namespace ovxid
@@ -38,7 +53,11 @@ OvxIdentifier* OvxDTParser::mOVxId = nullptr;
 
 int OvxDTParser::parse(OvxIdentifier* id, char* dir) {
   mOVxId = id;
-  return nftw(dir, ftw_cb, ovxid::maxOpenDirectories, 0);
+  const int result = nftw(dir, ovxid::visit, ovxid::maxOpenDirectories, 0);
+  if (ovxid::thrown) {
+    std::rethrow_exception(std::exchange(ovxid::thrown, nullptr));
+  }
+  return result;
 }
 
 int OvxDTParser::ftw_cb(const char* fpath, const struct stat* /*sb*/, int typeflag,
