@@ -83,7 +83,7 @@ int launch(OvxIdentifier& board, const Arguments& arguments, SignalHandler onClo
     return cannotLaunch(arguments.launched[0]);
   }
   const char* const shell = std::getenv("SHELL");
-  return cannotLaunch(shell == nullptr ? "/bin/bash" : shell);
+  return cannotLaunch(shell == nullptr ? ovxDefaultShell : shell);
 }
 
 }  // namespace

@@ -19,6 +19,9 @@ class cQlog;
 struct FTW;
 struct stat;
 
+/** The shell that OvxIdentifier::execute() runs when the variable SHELL is not set. */
+constexpr const char* ovxDefaultShell = "/bin/bash";
+
 /**
  * @brief One board that the library can recognise.
  *

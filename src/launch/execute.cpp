@@ -17,14 +17,11 @@ void exportParams(const std::vector<ovx_param>& params) {
 }
 
 int executeShell(int argc, char** argv) {
-  char defaultShell[] = "/bin/bash";
-  char* shell = std::getenv("SHELL");
-  if (shell == nullptr) {
-    shell = defaultShell;
-  }
-  std::vector<char*> arguments{shell};
+  const char* const chosen = std::getenv("SHELL");
+  std::string shell = chosen == nullptr ? ovxDefaultShell : chosen;
+  std::vector<char*> arguments{shell.data()};
   arguments.insert(arguments.end(), argv, argv + argc + 1);
-  return execvp(shell, arguments.data());
+  return execvp(shell.c_str(), arguments.data());
 }
 
 }  // namespace
