@@ -1,0 +1,2 @@
+// A program that ends as soon as it has started.
+int main() { return 0; }

@@ -1,0 +1,36 @@
+// Identifying a PC that has no catalogue file.
+#include <OvxIdentifier.h>
+#include <benchmark/benchmark.h>
+#include <fcntl.h>
+#include <sys/utsname.h>
+
+#include "bench/world.h"
+
+namespace {
+
+void identify(benchmark::State& state) {
+  const ReplacedDirectory etc("/etc");
+  for (auto _ : state) {
+    OvxIdentifier identifier(nullptr);
+    if (identifier.getHardwareNumber() != 64) {
+      state.SkipWithError("this machine is no PC");
+    }
+  }
+}
+
+// The questions to the kernel alone: three files that are not there, and its name.
+void identifyFloor(benchmark::State& state) {
+  const ReplacedDirectory etc("/etc");
+  for (auto _ : state) {
+    benchmark::DoNotOptimize(open("/etc/known_ovx_ids", O_RDONLY));
+    benchmark::DoNotOptimize(open("/proc/device-tree/orvanix/boardid", O_RDONLY));
+    benchmark::DoNotOptimize(open("/proc/device-tree/orvanix/description", O_RDONLY));
+    utsname kernel;
+    benchmark::DoNotOptimize(uname(&kernel));
+  }
+}
+
+BENCHMARK(identify)->Name("identification");
+BENCHMARK(identifyFloor)->Name("floor/identification");
+
+}  // namespace
