@@ -2,17 +2,17 @@
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
-#include <map>
 #include <memory>
 #include <string_view>
+#include <utility>
 
 namespace {
 
-const std::map<std::string, Command> commands{{"list", Command::list},
-                                              {"name", Command::name},
-                                              {"number", Command::number},
-                                              {"run", Command::run},
-                                              {"shell", Command::shell}};
+constexpr std::pair<std::string_view, Command> commands[] = {{"list", Command::list},
+                                                             {"name", Command::name},
+                                                             {"number", Command::number},
+                                                             {"run", Command::run},
+                                                             {"shell", Command::shell}};
 
 constexpr const char* exitStatuses =
     "Exit status:\n"
@@ -20,17 +20,28 @@ constexpr const char* exitStatuses =
     "  1    the board is not identified\n"
     "  2    the command line is wrong\n"
     "  3    the output could not be written\n"
+    "  125  ovxid itself failed: memory ran out, or an error that should not happen\n"
     "  126  the program of run or shell cannot be run\n"
     "  127  the program of run or shell was not found";
 
-// The command line in two: the front end's own words, a command among options, and the words of the
-// program it launches, which the parser of options never sees.
+// The command line in two parts: the front end's own words, and the words of the program that it
+// launches, which the parser of options never sees.
 struct CommandLine {
+  Command command;
   int ownCount;
   char** launched;
 };
 
 bool isOption(std::string_view word) { return word.size() > 1 && word[0] == '-' && word != "--"; }
+
+const Command* findCommand(std::string_view word) {
+  for (const auto& [name, command] : commands) {
+    if (name == word) {
+      return &command;
+    }
+  }
+  return nullptr;
+}
 
 bool launches(Command command) { return command == Command::run || command == Command::shell; }
 
@@ -42,7 +53,8 @@ bool asksForHelp(char** word, char** end) {
   return word != end && std::string_view(*word) == "--help";
 }
 
-// Every word behind `shell` is the shell's, options included, unless the first asks for our help.
+// All words after `shell` belong to the shell, options included. Only a --help that comes first is
+// ours.
 char** firstOperand(char** command, char** end) {
   if (std::string_view(*command) == "shell" && !asksForHelp(command + 1, end)) {
     return command + 1;
@@ -52,25 +64,26 @@ char** firstOperand(char** command, char** end) {
 
 CommandLine divide(int argc, char** argv) {
   char** const end = argv + argc;
-  char** const command = std::find_if_not(std::min(argv + 1, end), end, isOption);
-  if (command == end) {
-    return {argc, end};
+  char** const word = std::find_if_not(std::min(argv + 1, end), end, isOption);
+  if (word == end) {
+    return {Command::list, argc, end};
   }
-  if (commands.count(*command) == 0) {
-    refuse(*command);
+  const Command* const command = findCommand(*word);
+  if (command == nullptr) {
+    refuse(*word);
   }
-  char** const operand = firstOperand(command, end);
+  char** const operand = firstOperand(word, end);
   if (operand == end) {
-    return {argc, end};
+    return {*command, argc, end};
   }
-  if (!launches(commands.at(*command))) {
+  if (!launches(*command)) {
     refuse(*operand);
   }
   const bool mark = std::string_view(*operand) == "--";
-  return {static_cast<int>(operand - argv), mark ? operand + 1 : operand};
+  return {*command, static_cast<int>(operand - argv), mark ? operand + 1 : operand};
 }
 
-// Adds to the usage line what the parser does not know of.
+// Adds the program's words to the usage line: the parser does not know that they exist.
 class LaunchFormatter : public CLI::Formatter {
  public:
   explicit LaunchFormatter(std::string operands) : mOperands(std::move(operands)) {}
@@ -123,6 +136,7 @@ void describe(CLI::App& app, bool& verbose) {
 Arguments readArguments(int argc, char** argv) {
   const CommandLine line = divide(argc, argv);
   Arguments arguments;
+  arguments.command = line.command;
   arguments.launched = line.launched;
   arguments.launchedCount = static_cast<int>(argv + argc - line.launched);
 
@@ -137,9 +151,6 @@ Arguments readArguments(int argc, char** argv) {
     return arguments;
   } catch (const CLI::ParseError& error) {
     throw UsageError(error.what());
-  }
-  for (const CLI::App* command : app.get_subcommands()) {
-    arguments.command = commands.at(command->get_name());
   }
   if (arguments.command == Command::run && arguments.launchedCount == 0) {
     throw UsageError("PROGRAM is required");

@@ -5,7 +5,7 @@
 
 namespace {
 
-// In one piece, so that lines of several processes do not mix.
+// Written in one call, so that the lines of several processes do not mix.
 void printLine(const std::string& level, const char* message) {
   std::cerr << level + ": " + message + "\n";
 }

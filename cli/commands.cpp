@@ -16,12 +16,22 @@ using log4cpp::Priority;
 
 namespace {
 
-using SignalHandler = void (*)(int);
+// The handler of SIGPIPE for as long as this lives.
+class ClosedPipe {
+ public:
+  explicit ClosedPipe(SignalHandler handler) : mBefore(std::signal(SIGPIPE, handler)) {}
+  ~ClosedPipe() { std::signal(SIGPIPE, mBefore); }
+  ClosedPipe(const ClosedPipe&) = delete;
+  ClosedPipe& operator=(const ClosedPipe&) = delete;
 
-// In a diagnostic, a newline would make one line two.
+ private:
+  SignalHandler mBefore;
+};
+
+// A newline in a diagnostic would make one line two.
 bool isControl(unsigned char byte) { return std::iscntrl(byte) != 0; }
 
-// A full disk and a reader that went away are errors, for the messages on standard error too.
+// A full disk and a closed pipe are errors, also when only messages on standard error are lost.
 int written(std::ostream& out) {
   if (!out.flush()) {
     complain("standard output", std::strerror(errno));
@@ -32,19 +42,26 @@ int written(std::ostream& out) {
 
 int print(const std::string& text) { return written(std::cout << text); }
 
-int list(OvxIdentifier& board) {
-  board.loadParams();
-  return written(board.listParams(std::cout));
+bool determineIdentity(OvxIdentifier& board) try {
+  return board.determineIdentity();
+} catch (const std::out_of_range&) {
+  throw IdentificationError("the Hardware line ends at its colon");
 }
 
-// What the library's queries do, but keeping the outcome, which a query does not tell.
+// The same as a query of the library, which does not tell whether the board was identified.
 bool identify(OvxIdentifier& board) {
-  const bool identified = board.determineIdentity();
+  const bool identified = determineIdentity(board);
   board.logFullId(identified ? Priority::DEBUG : Priority::ERROR);
   return identified;
 }
 
-// A query of an unidentified board would search once more, so its answer is given here.
+int list(OvxIdentifier& board) {
+  identify(board);
+  board.parse_params();
+  return written(board.listParams(std::cout));
+}
+
+// The answer for an unidentified board is given here, since a query would search once more.
 int unidentified(const std::string& answer) {
   const int status = print(answer + "\n");
   if (status != exit_status::done) {
@@ -68,22 +85,27 @@ int number(OvxIdentifier& board) {
   return print(std::to_string(board.getHardwareNumber()) + "\n");
 }
 
-int cannotLaunch(const char* program) {
-  const int reason = errno;
+int cannotLaunch(const char* program, int reason) {
   complain(*program == '\0' ? "''" : program, std::strerror(reason));
   return reason == ENOENT ? exit_status::notFound : exit_status::cannotRun;
 }
 
-int launch(OvxIdentifier& board, const Arguments& arguments, SignalHandler onClosedPipe) {
-  const bool useShell = arguments.command == Command::shell;
-  board.loadParams();
-  std::signal(SIGPIPE, onClosedPipe);
-  board.execute(arguments.launchedCount, arguments.launched, useShell);
-  if (!useShell) {
-    return cannotLaunch(arguments.launched[0]);
+// Returns why the program or shell could not be launched.
+int execute(OvxIdentifier& board, const Arguments& arguments, SignalHandler inherited) {
+  const ClosedPipe closedPipe(inherited);
+  board.execute(arguments.launchedCount, arguments.launched, arguments.command == Command::shell);
+  return errno;
+}
+
+int launch(OvxIdentifier& board, const Arguments& arguments, SignalHandler inherited) {
+  identify(board);
+  board.parse_params();
+  const int reason = execute(board, arguments, inherited);
+  if (arguments.command == Command::run) {
+    return cannotLaunch(arguments.launched[0], reason);
   }
   const char* const shell = std::getenv("SHELL");
-  return cannotLaunch(shell == nullptr ? ovxDefaultShell : shell);
+  return cannotLaunch(shell == nullptr ? ovxDefaultShell : shell, reason);
 }
 
 }  // namespace
@@ -94,9 +116,7 @@ void complain(const std::string& what, const std::string& why) {
   std::cerr << line + "\n";
 }
 
-int perform(const Arguments& arguments) {
-  // What cannot be written is to be told, and not to end us in silence.
-  const SignalHandler onClosedPipe = std::signal(SIGPIPE, SIG_IGN);
+int perform(const Arguments& arguments, SignalHandler inherited) {
   if (!arguments.help.empty()) {
     return print(arguments.help);
   }
@@ -109,7 +129,7 @@ int perform(const Arguments& arguments) {
       return number(board);
     case Command::run:
     case Command::shell:
-      return launch(board, arguments, onClosedPipe);
+      return launch(board, arguments, inherited);
     case Command::list:
       break;
   }

@@ -1,6 +1,9 @@
 #ifndef OVXID_CLI_COMMANDS_H
 #define OVXID_CLI_COMMANDS_H
 
+#include <stdexcept>
+#include <string>
+
 #include "arguments.h"
 
 namespace exit_status {
@@ -8,6 +11,8 @@ constexpr int done = 0;
 constexpr int notIdentified = 1;
 constexpr int usage = 2;
 constexpr int notWritten = 3;
+// Between those of the commands and those of a launched program, as env(1) and timeout(1) have it.
+constexpr int ownFailure = 125;
 constexpr int cannotRun = 126;
 constexpr int notFound = 127;
 }  // namespace exit_status
@@ -15,7 +20,15 @@ constexpr int notFound = 127;
 // One line on standard error: what failed, and why.
 void complain(const std::string& what, const std::string& why);
 
-// Carries the command out and returns the exit status.
-int perform(const Arguments& arguments);
+using SignalHandler = void (*)(int);
+
+// What the board's files say ended the search for its identity.
+struct IdentificationError : std::runtime_error {
+  using std::runtime_error::runtime_error;
+};
+
+// Carries the command out and returns the exit status. A launched program gets the handler of
+// SIGPIPE that this process inherited.
+int perform(const Arguments& arguments, SignalHandler inherited);
 
 #endif

@@ -1,15 +1,27 @@
-#include <stdexcept>
+#include <csignal>
+#include <exception>
+#include <iostream>
+#include <new>
 
 #include "commands.h"
 
 int main(int argc, char** argv) {
+  // Ignore SIGPIPE, so that a closed pipe becomes a write error that we can report.
+  const SignalHandler inherited = std::signal(SIGPIPE, SIG_IGN);
   try {
-    return perform(readArguments(argc, argv));
+    return perform(readArguments(argc, argv), inherited);
   } catch (const UsageError& error) {
     complain("usage", std::string(error.what()) + " (see 'ovxid --help')");
     return exit_status::usage;
-  } catch (const std::out_of_range&) {
-    complain("/proc/cpuinfo", "the Hardware line ends at its colon");
+  } catch (const IdentificationError& error) {
+    complain("/proc/cpuinfo", error.what());
     return exit_status::notIdentified;
+  } catch (const std::bad_alloc&) {
+    // A text of fixed size, since nothing can be composed without memory.
+    std::cerr << "ovxid: memory: Cannot allocate memory\n";
+    return exit_status::ownFailure;
+  } catch (const std::exception& error) {
+    complain("internal error", error.what());
+    return exit_status::ownFailure;
   }
 }
