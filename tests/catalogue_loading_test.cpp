@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "bench/board.h"
+#include "simulation/board.h"
 
 using log4cpp::Priority;
 

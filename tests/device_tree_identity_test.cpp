@@ -2,8 +2,8 @@
 
 #include <limits>
 
-#include "bench/board.h"
-#include "bench/locale.h"
+#include "simulation/board.h"
+#include "simulation/locale.h"
 
 using log4cpp::Priority;
 

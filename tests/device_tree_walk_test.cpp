@@ -8,8 +8,8 @@
 #include <locale>
 #include <sstream>
 
-#include "bench/board.h"
-#include "bench/descriptors.h"
+#include "simulation/board.h"
+#include "simulation/descriptors.h"
 
 namespace {
 

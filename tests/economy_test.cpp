@@ -10,9 +10,9 @@
 #include <string>
 #include <system_error>
 
-#include "bench/allocations.h"
-#include "bench/board.h"
-#include "bench/descriptors.h"
+#include "simulation/allocations.h"
+#include "simulation/board.h"
+#include "simulation/descriptors.h"
 
 namespace {
 

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <stdexcept>
 
-#include "bench/board.h"
-#include "bench/descriptors.h"
+#include "simulation/board.h"
+#include "simulation/descriptors.h"
 
 using log4cpp::Priority;
 

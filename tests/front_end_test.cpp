@@ -16,8 +16,8 @@
 #include <sstream>
 #include <system_error>
 
-#include "bench/board.h"
-#include "bench/child.h"
+#include "simulation/board.h"
+#include "simulation/child.h"
 
 using testing::ContainsRegex;
 using testing::HasSubstr;

@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
-#include "bench/board.h"
-#include "bench/child.h"
+#include "simulation/board.h"
+#include "simulation/child.h"
 
 using log4cpp::Priority;
 

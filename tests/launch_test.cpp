@@ -7,8 +7,8 @@
 #include <filesystem>
 #include <fstream>
 
-#include "bench/board.h"
-#include "bench/child.h"
+#include "simulation/board.h"
+#include "simulation/child.h"
 
 namespace {
 

@@ -4,8 +4,8 @@
 #include <sstream>
 #include <stdexcept>
 
-#include "bench/board.h"
-#include "bench/locale.h"
+#include "simulation/board.h"
+#include "simulation/locale.h"
 
 namespace {
 

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "bench/board.h"
+#include "simulation/board.h"
 
 using log4cpp::Priority;
 

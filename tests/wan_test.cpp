@@ -6,10 +6,10 @@
 #include <cerrno>
 #include <csignal>
 
-#include "bench/board.h"
-#include "bench/child.h"
-#include "bench/descriptors.h"
-#include "bench/kernel.h"
+#include "simulation/board.h"
+#include "simulation/child.h"
+#include "simulation/descriptors.h"
+#include "simulation/kernel.h"
 
 namespace {
 

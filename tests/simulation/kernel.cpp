@@ -1,4 +1,4 @@
-#include "bench/kernel.h"
+#include "simulation/kernel.h"
 
 #include <net/if.h>
 #include <sys/ioctl.h>

@@ -1,4 +1,4 @@
-#include "bench/world.h"
+#include "simulation/world.h"
 
 #include <fcntl.h>
 #include <linux/capability.h>

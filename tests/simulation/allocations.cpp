@@ -1,4 +1,4 @@
-#include "bench/allocations.h"
+#include "simulation/allocations.h"
 
 #include <cstdlib>
 #include <new>

@@ -1,4 +1,4 @@
-#include "bench/logger.h"
+#include "simulation/logger.h"
 
 bool operator==(const Message& left, const Message& right) {
   return left.level == right.level && left.text == right.text;

@@ -1,5 +1,5 @@
-#ifndef OVXID_TESTS_BENCH_BOARD_H
-#define OVXID_TESTS_BENCH_BOARD_H
+#ifndef OVXID_TESTS_SIMULATION_BOARD_H
+#define OVXID_TESTS_SIMULATION_BOARD_H
 
 #include <OvxIdentifier.h>
 
@@ -7,8 +7,8 @@
 #include <functional>
 #include <string>
 
-#include "bench/logger.h"
-#include "bench/world.h"
+#include "simulation/logger.h"
+#include "simulation/world.h"
 
 // The board that the library finds itself on while this lives. A fresh one has no device-tree node,
 // no /proc/cpuinfo, no catalogue file, no interface but an unconfigured loopback, and the kernel

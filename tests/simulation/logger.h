@@ -1,5 +1,5 @@
-#ifndef OVXID_TESTS_BENCH_LOGGER_H
-#define OVXID_TESTS_BENCH_LOGGER_H
+#ifndef OVXID_TESTS_SIMULATION_LOGGER_H
+#define OVXID_TESTS_SIMULATION_LOGGER_H
 
 #include <ostream>
 #include <string>

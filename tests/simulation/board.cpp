@@ -1,4 +1,4 @@
-#include "bench/board.h"
+#include "simulation/board.h"
 
 #include <sys/stat.h>
 #include <unistd.h>
@@ -11,7 +11,7 @@
 #include <stdexcept>
 #include <system_error>
 
-#include "bench/kernel.h"
+#include "simulation/kernel.h"
 
 namespace fs = std::filesystem;
 

@@ -1,5 +1,5 @@
-#ifndef OVXID_TESTS_BENCH_LOCALE_H
-#define OVXID_TESTS_BENCH_LOCALE_H
+#ifndef OVXID_TESTS_SIMULATION_LOCALE_H
+#define OVXID_TESTS_SIMULATION_LOCALE_H
 
 #include <locale>
 #include <string>

@@ -1,4 +1,4 @@
-#include "bench/child.h"
+#include "simulation/child.h"
 
 #include <sys/mman.h>
 #include <sys/wait.h>

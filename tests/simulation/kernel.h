@@ -1,5 +1,5 @@
-#ifndef OVXID_TESTS_BENCH_KERNEL_H
-#define OVXID_TESTS_BENCH_KERNEL_H
+#ifndef OVXID_TESTS_SIMULATION_KERNEL_H
+#define OVXID_TESTS_SIMULATION_KERNEL_H
 
 #include <array>
 #include <optional>

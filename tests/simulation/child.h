@@ -1,5 +1,5 @@
-#ifndef OVXID_TESTS_BENCH_CHILD_H
-#define OVXID_TESTS_BENCH_CHILD_H
+#ifndef OVXID_TESTS_SIMULATION_CHILD_H
+#define OVXID_TESTS_SIMULATION_CHILD_H
 
 #include <functional>
 #include <string>
