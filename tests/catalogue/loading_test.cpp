@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "catalogue/builtin_messages.h"
 #include "simulation/board.h"
 
 using log4cpp::Priority;

@@ -3,244 +3,25 @@
 #include <algorithm>
 #include <stdexcept>
 
+#include "identity/determination_messages.h"
 #include "simulation/board.h"
 #include "simulation/descriptors.h"
 
-using log4cpp::Priority;
-
 namespace {
-
-// Its second board has the name of the first one as an alias.
-constexpr const char* twoBoards = "Field Node:3:fn1:fn2\nBench Unit:9:Field Node\n";
-
-Messages unameMessages(const std::string& release) {
-  return missingNodeMessages() + debug("Attempting to find alias by uname") +
-         debug("No problems with uname") + debug("uts.release= " + release);
-}
-
-const Message cpuinfoBegins = debug(
-    "Finding the hardware idenitity with uname failed, attempting to find hardware identity with "
-    "cpuinfo");
-const Message cpuinfoMissing =
-    error("Could not open the /proc/cpuinfo file, is the proc filesystem mounted");
-const Message noMatch = error("The possible alias is not a real name or alias of any identity");
-const Message failed =
-    error("Could not find hardware identity with uname or through /proc/cpuinfo");
-
-Messages determination(Board& board, OvxIdentifier& identifier, bool expected) {
-  return board.messagesOf([&] { EXPECT_EQ(identifier.determineIdentity(), expected); });
-}
-
-Messages report(Board& board, OvxIdentifier& identifier) {
-  return board.messagesOf([&] { identifier.logFullId(Priority::INFO); });
-}
-
-const Messages fieldNodeReport = {info("Full identity: "), info("Real name: Field Node"),
-                                  info("Hardware number: 3"), info("Aliases: fn1 fn2 ")};
-const Messages benchUnitReport = {info("Full identity: "), info("Real name: Bench Unit"),
-                                  info("Hardware number: 9"), info("Aliases: Field Node ")};
-const Messages unknownReport = {info("Identity is unknown: "), info("Real name: Unknown"),
-                                info("Hardware number: -1")};
-
-TEST(ReleaseSuffix, ThatIsAnAliasAdoptsItsIdentity) {
-  Board board;
-  board.catalogue(twoBoards).kernelRelease("5.10.0-fn2");
-  OvxIdentifier identifier(board.logger());
-  EXPECT_EQ(determination(board, identifier, true),
-            unameMessages("5.10.0-fn2") + debug("therefore possible alias of machine = 'fn2'") +
-                debug("Searching known aliases of Field Node...") +
-                debug("Alias: fn2 is an alias of identity: Field Node"));
-  EXPECT_EQ(report(board, identifier), fieldNodeReport);
-}
-
-TEST(ReleaseSuffix, OfOtherCaseMatchesNothing) {
-  Board board;
-  board.catalogue(twoBoards).kernelRelease("5.10.0-FN2").cpuinfo("Hardware\t: Field Node\n");
-  OvxIdentifier identifier(board.logger());
-  EXPECT_EQ(determination(board, identifier, true),
-            unameMessages("5.10.0-FN2") + debug("therefore possible alias of machine = 'FN2'") +
-                debug("Searching known aliases of Field Node...") +
-                debug("Searching known aliases of Bench Unit...") + cpuinfoBegins +
-                debug("Cpuinfo line: Hardware\t: Field Node") + debug("Found Hardware field...") +
-                debug("Found possisble alias: 'Field Node'") +
-                debug("Searching known real names..."));
-}
-
-TEST(ReleaseSuffix, ThatIsANameIsComparedWithAliasesOnly) {
-  Board board;
-  board.catalogue(twoBoards).kernelRelease("5.10.0-Field Node");
-  OvxIdentifier identifier(board.logger());
-  EXPECT_EQ(determination(board, identifier, true),
-            unameMessages("5.10.0-Field Node") +
-                debug("therefore possible alias of machine = 'Field Node'") +
-                debug("Searching known aliases of Field Node...") +
-                debug("Searching known aliases of Bench Unit...") +
-                debug("Alias: Field Node is an alias of identity: Bench Unit"));
-  EXPECT_EQ(report(board, identifier), benchUnitReport);
-}
-
-TEST(ReleaseSuffix, IsWhatFollowsTheLastHyphen) {
-  Board board;
-  board.catalogue(twoBoards).kernelRelease("5.10.0-rc1-fn1");
-  OvxIdentifier identifier(board.logger());
-  EXPECT_EQ(determination(board, identifier, true).at(6),
-            debug("therefore possible alias of machine = 'fn1'"));
-  EXPECT_EQ(identifier.getHardwareName(), "Field Node");
-}
-
-TEST(ReleaseSuffix, IsTheWholeReleaseAfterALeadingHyphen) {
-  Board board;
-  board.catalogue(twoBoards).kernelRelease("-fn1");
-  OvxIdentifier identifier(board.logger());
-  identifier.determineIdentity();
-  EXPECT_EQ(identifier.getHardwareName(), "Field Node");
-}
-
-TEST(ReleaseSuffix, MayBeEmptyAndMatchesNothingThen) {
-  Board board;
-  board.catalogue("Field Node:3:fn1\n").kernelRelease("5.10.0-");
-  OvxIdentifier identifier(board.logger());
-  EXPECT_EQ(determination(board, identifier, false),
-            unameMessages("5.10.0-") + debug("therefore possible alias of machine = ''") +
-                debug("Searching known aliases of Field Node...") + cpuinfoBegins + cpuinfoMissing +
-                failed);
-}
-
-TEST(ReleaseSuffix, MatchesNoPartOfAnAlias) {
-  Board board;
-  board.catalogue("Field Node:3:fn1\n").kernelRelease("5.10.0-fn");
-  OvxIdentifier identifier(board.logger());
-  EXPECT_FALSE(identifier.determineIdentity());
-}
-
-TEST(ReleaseSuffix, MatchesNoBeginningByAnAlias) {
-  Board board;
-  board.catalogue("Field Node:3:fn1\n").kernelRelease("5.10.0-fn10");
-  OvxIdentifier identifier(board.logger());
-  EXPECT_FALSE(identifier.determineIdentity());
-}
-
-TEST(ReleaseSuffix, OfSeveralBoardsAdoptsTheFirstOfTheCatalogue) {
-  Board board;
-  board.catalogue("Field Node:3:fn1:both\nBench Unit:9:both\n").kernelRelease("5.10.0-both");
-  OvxIdentifier identifier(board.logger());
-  identifier.determineIdentity();
-  EXPECT_EQ(identifier.getHardwareNumber(), 3);
-}
-
-TEST(ReleaseSuffix, OfABuiltInBoardNeedsNoCatalogueFile) {
-  Board board;
-  board.kernelRelease("5.10.0-tqb");
-  OvxIdentifier identifier(board.logger());
-  EXPECT_EQ(determination(board, identifier, true),
-            unameMessages("5.10.0-tqb") + debug("therefore possible alias of machine = 'tqb'") +
-                debug("Searching known aliases of Tessaryn TQBLITE...") +
-                debug("Searching known aliases of Tessaryn TQB...") +
-                debug("Alias: tqb is an alias of identity: Tessaryn TQB"));
-  EXPECT_EQ(identifier.getHardwareNumber(), 2);
-}
-
-TEST(ReleaseSuffix, WinsOverThePc) {
-  Board board;
-  board.catalogue(twoBoards).kernelRelease("5.10.0-fn2").machine("x86_64");
-  OvxIdentifier identifier(board.logger());
-  EXPECT_TRUE(identifier.determineIdentity());
-  EXPECT_EQ(report(board, identifier), fieldNodeReport);
-}
-
-TEST(Pc, IsTheMachineX86_64WhenTheReleaseHasNoHyphen) {
-  Board board;
-  board.catalogue(twoBoards).kernelRelease("5.10.0").machine("x86_64");
-  OvxIdentifier identifier(board.logger());
-  EXPECT_EQ(determination(board, identifier, true), unameMessages("5.10.0"));
-  EXPECT_EQ(report(board, identifier),
-            (Messages{info("Full identity: "), info("Real name: x86_64 PC"),
-                      info("Hardware number: 64"), info("Aliases: ")}));
-}
-
-TEST(Pc, IsTheMachineX86_64WhenTheReleaseIsEmpty) {
-  Board board;
-  board.kernelRelease("").machine("x86_64");
-  OvxIdentifier identifier(board.logger());
-  EXPECT_EQ(determination(board, identifier, true), unameMessages(""));
-  EXPECT_EQ(identifier.getHardwareNumber(), 64);
-}
-
-TEST(Pc, IsTheMachineX86_64WhenNoAliasMatches) {
-  Board board;
-  board.catalogue("Field Node:3:fn1\n").kernelRelease("5.10.0-amd64").machine("x86_64");
-  OvxIdentifier identifier(board.logger());
-  EXPECT_EQ(determination(board, identifier, true),
-            unameMessages("5.10.0-amd64") + debug("therefore possible alias of machine = 'amd64'") +
-                debug("Searching known aliases of Field Node..."));
-  EXPECT_EQ(identifier.getHardwareName(), "x86_64 PC");
-}
-
-TEST(Pc, ComesBeforeCpuinfo) {
-  Board board;
-  board.catalogue(twoBoards).machine("x86_64").cpuinfo("Hardware\t: Field Node\n");
-  OvxIdentifier identifier(board.logger());
-  identifier.determineIdentity();
-  EXPECT_EQ(identifier.getHardwareName(), "x86_64 PC");
-}
-
-TEST(Pc, NeedsNoCatalogue) {
-  Board board;
-  board.catalogue("").kernelRelease("5.10.0-fn2").machine("x86_64");
-  OvxIdentifier identifier(board.logger());
-  identifier.determineIdentity();
-  EXPECT_EQ(identifier.getHardwareNumber(), 64);
-}
-
-class OtherMachine : public testing::TestWithParam<const char*> {};
-
-TEST_P(OtherMachine, IsNoPc) {
-  Board board;
-  board.machine(GetParam());
-  OvxIdentifier identifier(board.logger());
-  EXPECT_FALSE(identifier.determineIdentity());
-}
-
-INSTANTIATE_TEST_SUITE_P(Named, OtherMachine,
-                         testing::Values("", "i686", "x86_6", "x86_64v2", "X86_64", " x86_64"));
-
-TEST(Pc, KeepsTheAliasesOfAnEarlierDetermination) {
-  Board board;
-  board.catalogue(twoBoards).kernelRelease("5.10.0-fn1").machine("x86_64");
-  OvxIdentifier identifier(board.logger());
-  identifier.determineIdentity();
-  board.kernelRelease("5.10.0");
-  identifier.determineIdentity();
-  EXPECT_EQ(report(board, identifier),
-            (Messages{info("Full identity: "), info("Real name: x86_64 PC"),
-                      info("Hardware number: 64"), info("Aliases: fn1 fn2 ")}));
-}
-
-TEST(FailedUname, WarnsAndGoesOnWithCpuinfoEvenOnAPc) {
-  Board board;
-  board.catalogue(twoBoards).kernelRelease("5.10.0-fn1").machine("x86_64").unameFails();
-  board.cpuinfo("Hardware\t: Bench Unit\n");
-  OvxIdentifier identifier(board.logger());
-  EXPECT_EQ(determination(board, identifier, true),
-            missingNodeMessages() + debug("Attempting to find alias by uname") +
-                warn("There was a problem with uname, continuing") + cpuinfoBegins +
-                debug("Cpuinfo line: Hardware\t: Bench Unit") + debug("Found Hardware field...") +
-                debug("Found possisble alias: 'Bench Unit'") +
-                debug("Searching known real names..."));
-  EXPECT_EQ(report(board, identifier), benchUnitReport);
-}
 
 TEST(Cpuinfo, ThatIsMissingIsAnErrorAndTheBoardUnknown) {
   Board board;
   OvxIdentifier identifier(board.logger());
   EXPECT_EQ(determination(board, identifier, false),
             unameMessages("5.10.0") + cpuinfoBegins + cpuinfoMissing + failed);
-  EXPECT_EQ(report(board, identifier), unknownReport);
+  EXPECT_EQ(report(board, identifier), reportOfUnknown());
 }
 
 TEST(Cpuinfo, ThatMayNotBeReadIsLikeAMissingOne) {
   Board board;
-  board.catalogue(twoBoards).cpuinfo("Hardware\t: Field Node\n").permissions(cpuinfoPath, 0);
+  board.catalogue("Field Node:3:fn1:fn2\nBench Unit:9:Field Node\n")
+      .cpuinfo("Hardware\t: Field Node\n")
+      .permissions(cpuinfoPath, 0);
   OvxIdentifier identifier(board.logger());
   const DroppedPrivileges dropped;
   EXPECT_EQ(determination(board, identifier, false),
@@ -262,25 +43,26 @@ TEST(Cpuinfo, WithoutAHardwareLineFailsWithNoFurtherMessage) {
   EXPECT_EQ(determination(board, identifier, false),
             unameMessages("5.10.0") + cpuinfoBegins + debug("Cpuinfo line: processor\t: 0") +
                 debug("Cpuinfo line: ") + debug("Cpuinfo line: Revision\t: 0000") + failed);
-  EXPECT_EQ(report(board, identifier), unknownReport);
+  EXPECT_EQ(report(board, identifier), reportOfUnknown());
 }
 
 TEST(Cpuinfo, IsReadUpToTheFirstHardwareLine) {
   Board board;
-  board.catalogue(twoBoards).cpuinfo(
-      "processor\t: 0\nHardware\t: Bench Unit\nHardware\t: Field Node\nSerial\t: 1\n");
+  board.catalogue("Field Node:3:fn1:fn2\nBench Unit:9:Field Node\n")
+      .cpuinfo("processor\t: 0\nHardware\t: Bench Unit\nHardware\t: Field Node\nSerial\t: 1\n");
   OvxIdentifier identifier(board.logger());
   EXPECT_EQ(determination(board, identifier, true),
             unameMessages("5.10.0") + cpuinfoBegins + debug("Cpuinfo line: processor\t: 0") +
                 debug("Cpuinfo line: Hardware\t: Bench Unit") + debug("Found Hardware field...") +
                 debug("Found possisble alias: 'Bench Unit'") +
                 debug("Searching known real names..."));
-  EXPECT_EQ(report(board, identifier), benchUnitReport);
+  EXPECT_EQ(report(board, identifier), reportOf("Bench Unit", 9, "Field Node "));
 }
 
 TEST(Cpuinfo, IsNotReadBeyondAHardwareLineThatMatchesNothing) {
   Board board;
-  board.catalogue(twoBoards).cpuinfo("Hardware\t: Other\nHardware\t: Field Node\n");
+  board.catalogue("Field Node:3:fn1:fn2\nBench Unit:9:Field Node\n")
+      .cpuinfo("Hardware\t: Other\nHardware\t: Field Node\n");
   OvxIdentifier identifier(board.logger());
   const Messages messages = determination(board, identifier, false);
   EXPECT_EQ(messages.back(), failed);
@@ -291,7 +73,8 @@ TEST(Cpuinfo, IsNotReadBeyondAHardwareLineThatMatchesNothing) {
 
 TEST(Cpuinfo, OfALastLineWithoutANewlineCounts) {
   Board board;
-  board.catalogue(twoBoards).cpuinfo("Hardware\t: Field Node");
+  board.catalogue("Field Node:3:fn1:fn2\nBench Unit:9:Field Node\n")
+      .cpuinfo("Hardware\t: Field Node");
   OvxIdentifier identifier(board.logger());
   EXPECT_TRUE(identifier.determineIdentity());
 }
@@ -302,30 +85,31 @@ TEST(Cpuinfo, NamesComeBeforeTheAliasesOfEarlierBoards) {
   board.cpuinfo("Hardware\t: Field Node\n");
   OvxIdentifier identifier(board.logger());
   EXPECT_TRUE(identifier.determineIdentity());
-  EXPECT_EQ(report(board, identifier), fieldNodeReport);
+  EXPECT_EQ(report(board, identifier), reportOf("Field Node", 3, "fn1 fn2 "));
 }
 
 TEST(Cpuinfo, ValueThatIsANameAdoptsThatBoardThoughALaterOneHasItAsAnAlias) {
   Board board;
-  board.catalogue(twoBoards).cpuinfo("Hardware\t: Field Node\n");
+  board.catalogue("Field Node:3:fn1:fn2\nBench Unit:9:Field Node\n")
+      .cpuinfo("Hardware\t: Field Node\n");
   OvxIdentifier identifier(board.logger());
   EXPECT_EQ(determination(board, identifier, true),
             unameMessages("5.10.0") + cpuinfoBegins +
                 debug("Cpuinfo line: Hardware\t: Field Node") + debug("Found Hardware field...") +
                 debug("Found possisble alias: 'Field Node'") +
                 debug("Searching known real names..."));
-  EXPECT_EQ(report(board, identifier), fieldNodeReport);
+  EXPECT_EQ(report(board, identifier), reportOf("Field Node", 3, "fn1 fn2 "));
 }
 
 TEST(Cpuinfo, ValueThatIsAnAliasAdoptsItsIdentity) {
   Board board;
-  board.catalogue(twoBoards).cpuinfo("Hardware\t: fn2\n");
+  board.catalogue("Field Node:3:fn1:fn2\nBench Unit:9:Field Node\n").cpuinfo("Hardware\t: fn2\n");
   OvxIdentifier identifier(board.logger());
   EXPECT_EQ(determination(board, identifier, true),
             unameMessages("5.10.0") + cpuinfoBegins + debug("Cpuinfo line: Hardware\t: fn2") +
                 debug("Found Hardware field...") + debug("Found possisble alias: 'fn2'") +
                 debug("Searching known real names...") + debug("Searching known aliases..."));
-  EXPECT_EQ(report(board, identifier), fieldNodeReport);
+  EXPECT_EQ(report(board, identifier), reportOf("Field Node", 3, "fn1 fn2 "));
 }
 
 TEST(Cpuinfo, ValueOfSeveralNamesAdoptsTheFirstOfTheCatalogue) {
@@ -346,7 +130,8 @@ TEST(Cpuinfo, ValueOfSeveralAliasesAdoptsTheFirstOfTheCatalogue) {
 
 TEST(Cpuinfo, ValueThatMatchesNothingIsTwoErrors) {
   Board board;
-  board.catalogue(twoBoards).cpuinfo("Hardware\t: field node\n");
+  board.catalogue("Field Node:3:fn1:fn2\nBench Unit:9:Field Node\n")
+      .cpuinfo("Hardware\t: field node\n");
   OvxIdentifier identifier(board.logger());
   EXPECT_EQ(determination(board, identifier, false),
             unameMessages("5.10.0") + cpuinfoBegins +
@@ -354,12 +139,12 @@ TEST(Cpuinfo, ValueThatMatchesNothingIsTwoErrors) {
                 debug("Found possisble alias: 'field node'") +
                 debug("Searching known real names...") + debug("Searching known aliases...") +
                 noMatch + failed);
-  EXPECT_EQ(report(board, identifier), unknownReport);
+  EXPECT_EQ(report(board, identifier), reportOfUnknown());
 }
 
 TEST(Cpuinfo, ValueIsNotTrimmedAndMatchesNothing) {
   Board board;
-  board.catalogue(twoBoards).cpuinfo("Hardware:  fn1\n");
+  board.catalogue("Field Node:3:fn1:fn2\nBench Unit:9:Field Node\n").cpuinfo("Hardware:  fn1\n");
   OvxIdentifier identifier(board.logger());
   EXPECT_EQ(determination(board, identifier, false),
             unameMessages("5.10.0") + cpuinfoBegins + debug("Cpuinfo line: Hardware:  fn1") +
@@ -370,7 +155,7 @@ TEST(Cpuinfo, ValueIsNotTrimmedAndMatchesNothing) {
 
 TEST(Cpuinfo, ValueKeepsItsCarriageReturn) {
   Board board;
-  board.catalogue(twoBoards).cpuinfo("Hardware\t: fn1\r\n");
+  board.catalogue("Field Node:3:fn1:fn2\nBench Unit:9:Field Node\n").cpuinfo("Hardware\t: fn1\r\n");
   OvxIdentifier identifier(board.logger());
   const Messages messages = determination(board, identifier, false);
   EXPECT_EQ(messages.at(9), debug("Found possisble alias: 'fn1\r'"));
@@ -378,7 +163,8 @@ TEST(Cpuinfo, ValueKeepsItsCarriageReturn) {
 
 TEST(Cpuinfo, ValueBeginsAfterTheColonAndOneMoreCharacterWhateverItIs) {
   Board board;
-  board.catalogue(twoBoards).cpuinfo("Hardware:xField Node\n");
+  board.catalogue("Field Node:3:fn1:fn2\nBench Unit:9:Field Node\n")
+      .cpuinfo("Hardware:xField Node\n");
   OvxIdentifier identifier(board.logger());
   identifier.determineIdentity();
   EXPECT_EQ(identifier.getHardwareName(), "Field Node");
@@ -409,14 +195,16 @@ TEST(Cpuinfo, ValueOfALineWithoutAColonBeginsAtItsSecondCharacter) {
 
 TEST(Cpuinfo, LineThatBeginsWithALongerWordCounts) {
   Board board;
-  board.catalogue(twoBoards).cpuinfo("Hardware name\t: Field Node\n");
+  board.catalogue("Field Node:3:fn1:fn2\nBench Unit:9:Field Node\n")
+      .cpuinfo("Hardware name\t: Field Node\n");
   OvxIdentifier identifier(board.logger());
   EXPECT_TRUE(identifier.determineIdentity());
 }
 
 TEST(Cpuinfo, LineThatBeginsWithABlankIsNotTheHardwareLine) {
   Board board;
-  board.catalogue(twoBoards).cpuinfo(" Hardware\t: Field Node\n");
+  board.catalogue("Field Node:3:fn1:fn2\nBench Unit:9:Field Node\n")
+      .cpuinfo(" Hardware\t: Field Node\n");
   OvxIdentifier identifier(board.logger());
   EXPECT_EQ(determination(board, identifier, false),
             unameMessages("5.10.0") + cpuinfoBegins +
@@ -425,47 +213,10 @@ TEST(Cpuinfo, LineThatBeginsWithABlankIsNotTheHardwareLine) {
 
 TEST(Cpuinfo, LineOfOtherCaseIsNotTheHardwareLine) {
   Board board;
-  board.catalogue(twoBoards).cpuinfo("hardware\t: Field Node\n");
+  board.catalogue("Field Node:3:fn1:fn2\nBench Unit:9:Field Node\n")
+      .cpuinfo("hardware\t: Field Node\n");
   OvxIdentifier identifier(board.logger());
   EXPECT_FALSE(identifier.determineIdentity());
-}
-
-TEST(EmptyCatalogue, IsSearchedWithoutNamingAnyIdentity) {
-  Board board;
-  board.catalogue("").kernelRelease("5.10.0-fn1").cpuinfo("Hardware\t: Field Node\n");
-  OvxIdentifier identifier(board.logger());
-  EXPECT_EQ(determination(board, identifier, false),
-            unameMessages("5.10.0-fn1") + debug("therefore possible alias of machine = 'fn1'") +
-                cpuinfoBegins + debug("Cpuinfo line: Hardware\t: Field Node") +
-                debug("Found Hardware field...") + debug("Found possisble alias: 'Field Node'") +
-                debug("Searching known real names...") + debug("Searching known aliases...") +
-                noMatch + failed);
-  EXPECT_EQ(report(board, identifier), unknownReport);
-}
-
-TEST(FailedDetermination, KeepsTheAliasesOfAnEarlierSuccess) {
-  Board board;
-  board.catalogue(twoBoards).kernelRelease("5.10.0-fn1");
-  OvxIdentifier identifier(board.logger());
-  identifier.determineIdentity();
-  board.kernelRelease("5.10.0");
-  EXPECT_FALSE(identifier.determineIdentity());
-  EXPECT_EQ(report(board, identifier), unknownReport);
-  board.property("boardid", "7");
-  EXPECT_TRUE(identifier.determineIdentity());
-  EXPECT_EQ(report(board, identifier),
-            (Messages{info("Full identity: "), info("Real name: Unknown"),
-                      info("Hardware number: 7"), info("Aliases: fn1 fn2 ")}));
-}
-
-TEST(FailedDetermination, IsFollowedByTheAliasesOfTheNextSuccessAlone) {
-  Board board;
-  board.catalogue(twoBoards).kernelRelease("5.10.0-fn1");
-  OvxIdentifier identifier(board.logger());
-  identifier.determineIdentity();
-  board.kernelRelease("5.10.0-Field Node");
-  identifier.determineIdentity();
-  EXPECT_EQ(report(board, identifier), benchUnitReport);
 }
 
 class HardwareLineThatEndsAtItsColon : public testing::Test {

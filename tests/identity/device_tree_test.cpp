@@ -2,10 +2,9 @@
 
 #include <limits>
 
+#include "identity/determination_messages.h"
 #include "simulation/board.h"
 #include "simulation/locale.h"
-
-using log4cpp::Priority;
 
 namespace {
 
@@ -16,7 +15,7 @@ TEST(DeviceTreeIdentity, IsTheNumberOfBoardidAndTheFirstLineOfDescription) {
   Board board;
   board.property("boardid", "7\n").property("description", "Field Node\n");
   OvxIdentifier identifier(board.logger());
-  EXPECT_EQ(board.messagesOf([&] { EXPECT_TRUE(identifier.determineIdentity()); }),
+  EXPECT_EQ(determination(board, identifier, true),
             (Messages{debug("Attempting to find alias by DT")}));
   EXPECT_EQ(identifier.getHardwareNumber(), 7);
   EXPECT_EQ(identifier.getHardwareName(), "Field Node");
@@ -27,9 +26,7 @@ TEST(DeviceTreeIdentity, AddsNoAliases) {
   board.property("boardid", "7\n").property("description", "Field Node\n");
   OvxIdentifier identifier(board.logger());
   identifier.determineIdentity();
-  EXPECT_EQ(board.messagesOf([&] { identifier.logFullId(Priority::INFO); }),
-            (Messages{info("Full identity: "), info("Real name: Field Node"),
-                      info("Hardware number: 7"), info("Aliases: ")}));
+  EXPECT_EQ(report(board, identifier), reportOf("Field Node", 7, ""));
 }
 
 TEST(DeviceTreeIdentity, IsNotLookedUpInTheCatalogue) {
@@ -45,7 +42,7 @@ TEST(DeviceTreeIdentity, WithoutDescriptionKeepsTheNameUnknown) {
   Board board;
   board.property("boardid", "7");
   OvxIdentifier identifier(board.logger());
-  EXPECT_EQ(board.messagesOf([&] { EXPECT_TRUE(identifier.determineIdentity()); }),
+  EXPECT_EQ(determination(board, identifier, true),
             (Messages{debug("Attempting to find alias by DT"),
                       debug("Could not open /proc/device-tree/orvanix/description ")}));
   EXPECT_EQ(identifier.getHardwareNumber(), 7);
@@ -57,7 +54,7 @@ TEST(DeviceTreeIdentity, WithoutBoardidLeavesTheNameToTheNextSource) {
   board.catalogue("Bench Unit:9:bu\n").kernelRelease("5.10.0-bu");
   board.property("description", "Field Node");
   OvxIdentifier identifier(board.logger());
-  EXPECT_EQ(board.messagesOf([&] { EXPECT_TRUE(identifier.determineIdentity()); }),
+  EXPECT_EQ(determination(board, identifier, true),
             (Messages{debug("Attempting to find alias by DT"),
                       debug("Could not open /proc/device-tree/orvanix/boardid "),
                       debug("Attempting to find alias by uname"), debug("No problems with uname"),
@@ -73,9 +70,7 @@ TEST(DeviceTreeIdentity, WithoutBoardidLeavesNoNameOnAnUnknownBoard) {
   board.property("description", "Field Node");
   OvxIdentifier identifier(board.logger());
   EXPECT_FALSE(identifier.determineIdentity());
-  EXPECT_EQ(board.messagesOf([&] { identifier.logFullId(Priority::INFO); }),
-            (Messages{info("Identity is unknown: "), info("Real name: Unknown"),
-                      info("Hardware number: -1")}));
+  EXPECT_EQ(report(board, identifier), reportOfUnknown());
 }
 
 struct BoardidCase {
@@ -145,8 +140,7 @@ TEST(DeviceTreeIdentity, DoesNotCountWhenBoardidMayNotBeRead) {
   board.property("boardid", "7").permissions(boardidPath, 0);
   OvxIdentifier identifier(board.logger());
   const DroppedPrivileges dropped;
-  EXPECT_FALSE(identifier.determineIdentity());
-  EXPECT_EQ(board.messages().at(builtinCatalogueMessages().size() + 1),
+  EXPECT_EQ(determination(board, identifier, false).at(1),
             debug("Could not open /proc/device-tree/orvanix/boardid "));
 }
 
@@ -197,76 +191,10 @@ TEST(DeviceTreeIdentity, KeepsTheNameUnknownWhenDescriptionMayNotBeRead) {
       .permissions(descriptionPath, 0);
   OvxIdentifier identifier(board.logger());
   const DroppedPrivileges dropped;
-  EXPECT_EQ(board.messagesOf([&] { EXPECT_TRUE(identifier.determineIdentity()); }),
+  EXPECT_EQ(determination(board, identifier, true),
             (Messages{debug("Attempting to find alias by DT"),
                       debug("Could not open /proc/device-tree/orvanix/description ")}));
   EXPECT_EQ(identifier.getHardwareName(), "Unknown");
-}
-
-TEST(RepeatedDetermination, WarnsFirstAndGivesAFreshResult) {
-  Board board;
-  board.property("boardid", "7").property("description", "Field Node");
-  OvxIdentifier identifier(board.logger());
-  identifier.determineIdentity();
-  board.property("boardid", "8").property("description", "Bench Unit");
-  EXPECT_EQ(board.messagesOf([&] { EXPECT_TRUE(identifier.determineIdentity()); }),
-            (Messages{warn("Calling lib/program is trying to determine the identity...but it was "
-                           "already successfully determined"),
-                      debug("Attempting to find alias by DT")}));
-  EXPECT_EQ(identifier.getHardwareNumber(), 8);
-  EXPECT_EQ(identifier.getHardwareName(), "Bench Unit");
-}
-
-TEST(RepeatedDetermination, AfterAFailureDoesNotWarn) {
-  Board board;
-  OvxIdentifier identifier(board.logger());
-  identifier.determineIdentity();
-  board.property("boardid", "7").property("description", "Field Node");
-  EXPECT_EQ(board.messagesOf([&] { identifier.determineIdentity(); }),
-            (Messages{debug("Attempting to find alias by DT")}));
-}
-
-TEST(RepeatedDetermination, KeepsTheNumberWhenBoardidHasBecomeWhiteSpace) {
-  Board board;
-  board.property("boardid", "7");
-  OvxIdentifier identifier(board.logger());
-  identifier.determineIdentity();
-  board.property("boardid", " \n");
-  EXPECT_TRUE(identifier.determineIdentity());
-  EXPECT_EQ(identifier.getHardwareNumber(), 7);
-}
-
-TEST(RepeatedDetermination, KeepsTheNameWhenDescriptionIsGone) {
-  Board board;
-  board.property("boardid", "7").property("description", "Field Node");
-  OvxIdentifier identifier(board.logger());
-  identifier.determineIdentity();
-  board.remove(descriptionPath);
-  EXPECT_TRUE(identifier.determineIdentity());
-  EXPECT_EQ(identifier.getHardwareName(), "Field Node");
-}
-
-TEST(RepeatedDetermination, LosesTheIdentityWhenTheNodeIsGone) {
-  Board board;
-  board.property("boardid", "7").property("description", "Field Node");
-  OvxIdentifier identifier(board.logger());
-  identifier.determineIdentity();
-  board.remove(nodePath);
-  EXPECT_FALSE(identifier.determineIdentity());
-  EXPECT_EQ(identifier.getHardwareNumber(), -1);
-  EXPECT_EQ(identifier.getHardwareName(), "Unknown");
-}
-
-TEST(RepeatedDetermination, KeepsTheAliasesWhenTheDeviceTreeNamesTheBoard) {
-  Board board;
-  board.catalogue("Bench Unit:9:bu:bu-2\n").kernelRelease("5.10.0-bu");
-  OvxIdentifier identifier(board.logger());
-  identifier.determineIdentity();
-  board.property("boardid", "7").property("description", "Field Node");
-  identifier.determineIdentity();
-  EXPECT_EQ(board.messagesOf([&] { identifier.logFullId(Priority::INFO); }),
-            (Messages{info("Full identity: "), info("Real name: Field Node"),
-                      info("Hardware number: 7"), info("Aliases: bu bu-2 ")}));
 }
 
 }  // namespace

@@ -3,8 +3,10 @@
 #include <sys/ioctl.h>
 #include <sys/resource.h>
 
+#include <array>
 #include <cerrno>
 #include <csignal>
+#include <cstdio>
 
 #include "simulation/board.h"
 #include "simulation/child.h"
@@ -12,172 +14,6 @@
 #include "simulation/kernel.h"
 
 namespace {
-
-constexpr const char* someMac = "02:42:ac:11:00:02";
-
-// What the search appends to an empty list.
-std::string wanFound() {
-  OvxIdentifier identifier(nullptr);
-  identifier.search_wan();
-  return listing(identifier);
-}
-
-TEST(WanSearch, ChoosesTheFirstInterfaceThatIsNotLo) {
-  Board board;
-  board.address("lo", "127.0.0.1/8");
-  board.interface("eth0", someMac).address("eth0", "10.0.0.1/24");
-  board.interface("eth1", someMac).address("eth1", "10.0.1.1/24");
-  EXPECT_EQ(wanFound(), "OVX_WAN=eth0\n");
-}
-
-TEST(WanSearch, FollowsTheKernelsOrderAndNotTheAlphabet) {
-  Board board;
-  board.interface("eth1", someMac).address("eth1", "10.0.1.1/24");
-  board.interface("eth0", someMac).address("eth0", "10.0.0.1/24");
-  EXPECT_EQ(wanFound(), "OVX_WAN=eth1\n");
-}
-
-TEST(WanSearch, TakesAnAddressLabelAsTheName) {
-  Board board;
-  board.interface("eth0", someMac).labelledAddress("eth0:1", "10.0.0.1/24");
-  EXPECT_EQ(wanFound(), "OVX_WAN=eth0:1\n");
-}
-
-TEST(WanSearch, TakesALabelOfLoForAnyOtherName) {
-  Board board;
-  board.address("lo", "127.0.0.1/8").labelledAddress("lo:1", "127.0.0.2/8");
-  EXPECT_EQ(wanFound(), "OVX_WAN=lo:1\n");
-}
-
-TEST(WanSearch, TakesANameThatBeginsWithLoForAnyOther) {
-  Board board;
-  board.address("lo", "127.0.0.1/8");
-  board.interface("lo0", someMac).address("lo0", "10.0.0.1/24");
-  EXPECT_EQ(wanFound(), "OVX_WAN=lo0\n");
-}
-
-TEST(WanSearch, TakesANameOfFifteenCharactersWhole) {
-  Board board;
-  board.interface("fifteen-letters", someMac).address("fifteen-letters", "10.0.0.1/24");
-  EXPECT_EQ(wanFound(), "OVX_WAN=fifteen-letters\n");
-}
-
-TEST(WanSearch, NeverChoosesAnInterfaceWithoutAnIpv4Address) {
-  Board board;
-  board.interface("eth0", someMac).address("eth0", "fd00::1/64");
-  EXPECT_EQ(wanFound(), "");
-}
-
-TEST(WanSearch, PassesOverAnInterfaceWithoutAnIpv4Address) {
-  Board board;
-  board.interface("eth0", someMac);
-  board.interface("eth1", someMac).address("eth1", "10.0.1.1/24");
-  EXPECT_EQ(wanFound(), "OVX_WAN=eth1\n");
-}
-
-TEST(WanSearch, ChoosesAnInterfaceThatIsDown) {
-  Board board;
-  board.interface("eth0", someMac).address("eth0", "10.0.0.1/24");
-  EXPECT_EQ(wanFound(), "OVX_WAN=eth0\n");
-}
-
-TEST(WanSearch, OfNoAddressesFindsNothingInSilence) {
-  Board board;
-  EXPECT_EQ(standardErrorOf([&] { EXPECT_EQ(wanFound(), ""); }), "");
-}
-
-TEST(WanSearch, OfLoAloneFindsNothingInSilence) {
-  Board board;
-  board.address("lo", "127.0.0.1/8").address("lo", "127.0.0.2/8");
-  EXPECT_EQ(standardErrorOf([&] { EXPECT_EQ(wanFound(), ""); }), "");
-}
-
-TEST(WanSearch, OfLoAloneLeavesNothingToAskTheMacOf) {
-  Board board;
-  board.address("lo", "127.0.0.1/8");
-  OvxIdentifier identifier(nullptr);
-  EXPECT_EQ(standardErrorOf([&] {
-              identifier.search_wan();
-              identifier.add_wan_mac();
-            }),
-            "");
-  EXPECT_EQ(listing(identifier), "");
-}
-
-Board& loopbackAddresses(Board& board, int count) {
-  for (int i = 1; i <= count; ++i) {
-    board.address("lo", "127.0.1." + std::to_string(i) + "/32");
-  }
-  return board;
-}
-
-// 1024 bytes hold this many entries: 25 where an entry has 40 bytes.
-constexpr int entriesExamined = 1024 / sizeof(ifreq);
-
-TEST(WanSearch, ExaminesTheLastEntryThatFitsTheBuffer) {
-  Board board;
-  loopbackAddresses(board, entriesExamined - 1);
-  board.interface("eth0", someMac).address("eth0", "10.0.0.1/24");
-  EXPECT_EQ(wanFound(), "OVX_WAN=eth0\n");
-}
-
-TEST(WanSearch, ExaminesNoEntryBeyondTheBuffer) {
-  Board board;
-  loopbackAddresses(board, entriesExamined);
-  board.interface("eth0", someMac).address("eth0", "10.0.0.1/24");
-  EXPECT_EQ(wanFound(), "");
-}
-
-TEST(WanSearch, AsksForAListOf1024Bytes) {
-  Board board;
-  wanFound();
-  EXPECT_EQ(kernel.askedBytes, 1024);
-}
-
-#if defined(__LP64__)
-TEST(WanSearch, ExaminesTwentyFiveEntriesOn64Bits) { EXPECT_EQ(entriesExamined, 25); }
-#endif
-
-TEST(WanSearch, CalledTwiceAppendsTwice) {
-  Board board;
-  board.interface("eth0", someMac).address("eth0", "10.0.0.1/24");
-  OvxIdentifier identifier(nullptr);
-  identifier.search_wan();
-  identifier.search_wan();
-  EXPECT_EQ(listing(identifier), "OVX_WAN=eth0\nOVX_WAN=eth0\n");
-}
-
-TEST(WanSearch, ReportsAFailedSocket) {
-  Board board;
-  board.socketFails(EMFILE);
-  EXPECT_EQ(standardErrorOf([&] { EXPECT_EQ(wanFound(), ""); }), "socket: Too many open files\n");
-}
-
-TEST(WanSearch, ReportsAFailedRequest) {
-  Board board;
-  board.interface("eth0", someMac).address("eth0", "10.0.0.1/24").requestFails(SIOCGIFCONF);
-  board.closeChangesErrno();
-  EXPECT_EQ(standardErrorOf([&] { EXPECT_EQ(wanFound(), ""); }),
-            "ioctl(SIOCGIFCONF): Input/output error\n");
-}
-
-TEST(WanSearch, LogsNothing) {
-  Board board;
-  board.interface("eth0", someMac).address("eth0", "10.0.0.1/24");
-  OvxIdentifier identifier(board.logger());
-  EXPECT_EQ(board.messagesOf([&] { identifier.search_wan(); }), Messages{});
-}
-
-TEST(WanSearch, LeavesNoSocketOpen) {
-  Board board;
-  board.interface("eth0", someMac).address("eth0", "10.0.0.1/24");
-  OvxIdentifier identifier(nullptr);
-  const auto before = openDescriptors();
-  identifier.search_wan();
-  board.requestFails(SIOCGIFCONF);
-  standardErrorOf([&] { identifier.search_wan(); });
-  EXPECT_EQ(openDescriptors(), before);
-}
 
 // An identifier whose list names the WAN interface.
 class WanMac : public testing::Test {
@@ -224,7 +60,7 @@ TEST_F(WanMac, OfSixHighBytesHasTwentyFourDigits) {
 }
 
 TEST_F(WanMac, SignExtendsEveryByteFrom0x80On) {
-  mBoard.interface("eth0", someMac);
+  mBoard.interface("eth0", "02:42:ac:11:00:02");
   for (int byte = 0; byte < 256; ++byte) {
     std::array<char, 20> mac{};
     std::snprintf(mac.data(), mac.size(), "02:00:00:00:00:%02x", static_cast<unsigned>(byte));
@@ -267,13 +103,13 @@ TEST_F(WanMac, IsThatOfTheFirstWanInterfaceOfTheList) {
 }
 
 TEST_F(WanMac, IsAskedForTheNameUpToItsFirstNulByte) {
-  mBoard.interface("eth0", someMac);
+  mBoard.interface("eth0", "02:42:ac:11:00:02");
   EXPECT_EQ(addedFor(bytes("eth0\0")), "OVX_WAN_ID=242ffac1102\n");
   EXPECT_EQ(addedFor(bytes("eth0\0and far more than sixteen bytes")), "OVX_WAN_ID=242ffac1102\n");
 }
 
 TEST_F(WanMac, OfALabelIsAskedForByTheLabelAsItStands) {
-  mBoard.interface("eth0", someMac).labelledAddress("eth0:1", "10.0.0.1/24");
+  mBoard.interface("eth0", "02:42:ac:11:00:02").labelledAddress("eth0:1", "10.0.0.1/24");
   EXPECT_EQ(addedFor("eth0:1"), "OVX_WAN_ID=242ffac1102\n");
   EXPECT_EQ(kernel.askedInterface, "eth0:1");
 }
@@ -301,7 +137,7 @@ TEST_F(WanMac, WhoseRequestFailsIsReportedAndNotAdded) {
 }
 
 TEST_F(WanMac, OfANameOfFifteenCharactersIsAdded) {
-  mBoard.interface("fifteen-letters", someMac);
+  mBoard.interface("fifteen-letters", "02:42:ac:11:00:02");
   EXPECT_EQ(addedFor("fifteen-letters"), "OVX_WAN_ID=242ffac1102\n");
 }
 

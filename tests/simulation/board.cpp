@@ -168,18 +168,3 @@ std::string listing(OvxIdentifier& identifier) {
   identifier.listParams(out);
   return out.str();
 }
-
-Messages builtinCatalogueMessages() {
-  return {debug("Creating OvxIdentifier..."),
-          debug("Finding list of known identities..."),
-          warn("No /etc/known_ovx_ids, using default known hardware identities"),
-          debug("Known Hardware description: Tessaryn TQBLITE = 1"),
-          debug("Known Hardware description: Tessaryn TQB = 2"),
-          debug("Known Hardware description: Orvanix Starter Kit = 3")};
-}
-
-Messages missingNodeMessages() {
-  return {debug("Attempting to find alias by DT"),
-          debug("Could not open /proc/device-tree/orvanix/boardid "),
-          debug("Could not open /proc/device-tree/orvanix/description ")};
-}

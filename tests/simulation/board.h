@@ -75,10 +75,4 @@ std::string bytes(const char (&literal)[Size]) {
 
 std::string listing(OvxIdentifier& identifier);
 
-// The messages with which an identifier is made on a board without a catalogue file.
-Messages builtinCatalogueMessages();
-
-// The messages with which a determination passes over a missing device-tree node.
-Messages missingNodeMessages();
-
 #endif
