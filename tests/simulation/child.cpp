@@ -1,5 +1,6 @@
 #include "simulation/child.h"
 
+#include <gtest/gtest.h>
 #include <sys/mman.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -93,6 +94,15 @@ int runChild(const std::function<int()>& call, const Recording& out, const Recor
 }
 
 }  // namespace
+
+bool operator==(const Outcome& left, const Outcome& right) {
+  return left.status == right.status && left.out == right.out && left.err == right.err;
+}
+
+void PrintTo(const Outcome& outcome, std::ostream* out) {
+  *out << "\n  status: " << outcome.status << "\n  out: " << testing::PrintToString(outcome.out)
+       << "\n  err: " << testing::PrintToString(outcome.err);
+}
 
 Outcome inChild(const std::function<int()>& call) {
   const Recording out;

@@ -2,6 +2,7 @@
 #define OVXID_TESTS_SIMULATION_CHILD_H
 
 #include <functional>
+#include <ostream>
 #include <string>
 #include <vector>
 
@@ -12,6 +13,9 @@ struct Outcome {
   std::string out;
   std::string err;
 };
+
+bool operator==(const Outcome& left, const Outcome& right);
+void PrintTo(const Outcome& outcome, std::ostream* out);
 
 // Runs the call in a child process, which exits with its result.
 Outcome inChild(const std::function<int()>& call);

@@ -1,0 +1,94 @@
+#include "cli/front_end.h"
+
+#include <fcntl.h>
+#include <sched.h>
+#include <sys/mount.h>
+#include <sys/personality.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <csignal>
+#include <cstdio>
+#include <cstdlib>
+#include <system_error>
+
+namespace {
+
+void require(int result, const char* what) {
+  if (result < 0) {
+    throw std::system_error(errno, std::generic_category(), what);
+  }
+}
+
+void replaceByFile(int descriptor, const char* path) {
+  const int file = open(path, O_WRONLY | O_CLOEXEC);
+  require(file, path);
+  require(dup2(file, descriptor), path);
+}
+
+void replaceByClosedPipe(int descriptor) {
+  int ends[2];
+  require(pipe2(ends, O_CLOEXEC), "make a pipe");
+  require(dup2(ends[1], descriptor), "replace a stream by a pipe");
+  close(ends[0]);
+}
+
+}  // namespace
+
+Outcome FrontEnd::ovxid(Arguments arguments) {
+  return inChild([&] {
+    require(personality(PER_LINUX32), "be called a 32-bit machine");
+    setenv("PATH", "/usr/bin:/bin", 1);
+    unsetenv("SHELL");
+    for (const auto& prepare : mPreparations) {
+      prepare();
+    }
+    arguments.insert(arguments.begin(), OVXID_CLI);
+    execv(OVXID_CLI, pointers(arguments).data());
+    std::perror("cannot run " OVXID_CLI);
+    return 255;
+  });
+}
+
+void FrontEnd::outputTo(const char* path) {
+  mPreparations.emplace_back([path] { replaceByFile(STDOUT_FILENO, path); });
+}
+
+void FrontEnd::outputToClosedPipe() {
+  mPreparations.emplace_back([] { replaceByClosedPipe(STDOUT_FILENO); });
+}
+
+void FrontEnd::outputClosed() {
+  mPreparations.emplace_back([] { close(STDOUT_FILENO); });
+}
+
+void FrontEnd::messagesToFullDisk() {
+  mPreparations.emplace_back([] { replaceByFile(STDERR_FILENO, "/dev/full"); });
+}
+
+void FrontEnd::messagesToClosedPipe() {
+  mPreparations.emplace_back([] { replaceByClosedPipe(STDERR_FILENO); });
+}
+
+void FrontEnd::pathIs(const char* path) {
+  mPreparations.emplace_back([path] { setenv("PATH", path, 1); });
+}
+
+void FrontEnd::shellIs(const char* shell) {
+  mPreparations.emplace_back([shell] { setenv("SHELL", shell, 1); });
+}
+
+void FrontEnd::bashIsNotExecutable() {
+  mPreparations.emplace_back([] {
+    require(unshare(CLONE_NEWNS), "make a mount namespace");
+    require(mount("/dev/null", "/bin/bash", nullptr, MS_BIND, nullptr), "cover /bin/bash");
+  });
+}
+
+void FrontEnd::closedPipeIsIgnored() {
+  mPreparations.emplace_back([] { std::signal(SIGPIPE, SIG_IGN); });
+}
+
+void FrontEnd::onAPc() {
+  mPreparations.emplace_back([] { require(personality(PER_LINUX), "be called by its own name"); });
+}

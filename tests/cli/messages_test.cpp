@@ -1,0 +1,100 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <sys/syscall.h>
+#include <sys/utsname.h>
+#include <unistd.h>
+
+#include "cli/front_end.h"
+
+using testing::HasSubstr;
+
+namespace {
+
+std::string realRelease() {
+  utsname name{};
+  syscall(SYS_uname, &name);
+  return name.release;
+}
+
+std::string suffixMessage(const std::string& release) {
+  const auto hyphen = release.rfind('-');
+  return hyphen == std::string::npos ? ""
+                                     : "debug: therefore possible alias of machine = '" +
+                                           release.substr(hyphen + 1) + "'\n";
+}
+
+TEST_F(FrontEnd, VerbosePrintsEachMessageWithItsLevelInOrder) {
+  mBoard.catalogue("Field Node\n").cpuinfo("Hardware\t: Field Node\n");
+  EXPECT_EQ(
+      ovxid({"-v", "name"}),
+      (Outcome{1, "Unknown\n",
+               "debug: Creating OvxIdentifier...\n"
+               "debug: Finding list of known identities...\n"
+               "debug: Opened file /etc/known_ovx_ids, now reading known hardware identites\n"
+               "warn: The line:'Field Node' is not valid known board identification description "
+               "line (it "
+               "must contain at least two colon separated values)\n"
+               "debug: Attempting to find alias by DT\n"
+               "debug: Could not open /proc/device-tree/orvanix/boardid \n"
+               "debug: Could not open /proc/device-tree/orvanix/description \n"
+               "debug: Attempting to find alias by uname\n"
+               "debug: No problems with uname\n"
+               "debug: uts.release= " +
+                   realRelease() + "\n" + suffixMessage(realRelease()) +
+                   "debug: Finding the hardware idenitity with uname failed, attempting to find "
+                   "hardware "
+                   "identity with cpuinfo\n"
+                   "debug: Cpuinfo line: Hardware\t: Field Node\n"
+                   "debug: Found Hardware field...\n"
+                   "debug: Found possisble alias: 'Field Node'\n"
+                   "debug: Searching known real names...\n"
+                   "debug: Searching known aliases...\n"
+                   "error: The possible alias is not a real name or alias of any identity\n"
+                   "error: Could not find hardware identity with uname or through /proc/cpuinfo\n"
+                   "error: Identity is unknown: \n"
+                   "error: Real name: Unknown\n"
+                   "error: Hardware number: -1\n"
+                   "ovxid: board: not identified\n"}));
+}
+
+TEST_F(FrontEnd, IsVerboseWhereverTheOptionStands) {
+  mBoard.property("boardid", "7").property("description", "Field Node");
+  const Outcome outcome = ovxid({"-v", "name"});
+  EXPECT_EQ(ovxid({"name", "-v"}), outcome);
+  EXPECT_EQ(ovxid({"--verbose", "name"}), outcome);
+  EXPECT_EQ(ovxid({"name", "--verbose"}), outcome);
+}
+
+TEST_F(FrontEnd, VerbosePrintsTheSameMessagesForEveryCommand) {
+  mBoard.catalogue("").property("boardid", "7");
+  const std::string expected =
+      "debug: Creating OvxIdentifier...\n"
+      "debug: Finding list of known identities...\n"
+      "debug: Opened file /etc/known_ovx_ids, now reading known hardware identites\n"
+      "debug: Attempting to find alias by DT\n"
+      "debug: Could not open /proc/device-tree/orvanix/description \n"
+      "debug: Full identity: \n"
+      "debug: Real name: Unknown\n"
+      "debug: Hardware number: 7\n"
+      "debug: Aliases: \n";
+  EXPECT_EQ(ovxid({"-v", "name"}).err, expected);
+  EXPECT_EQ(ovxid({"-v", "number"}).err, expected);
+  EXPECT_EQ(ovxid({"-v", "list"}).err, expected);
+  EXPECT_EQ(ovxid({"-v"}).err, expected);
+  EXPECT_EQ(ovxid({"-v", "run", "true"}).err, expected);
+  EXPECT_EQ(ovxid({"-v", "shell", "-c", "true"}).err, expected);
+}
+
+TEST_F(FrontEnd, VerboseInterpretsNoPercentSign) {
+  mBoard.catalogue("%s%n%d:7:x\n%s%n\n").cpuinfo("%s%n%x\nHardware\t: %s%n%d\n");
+  const Outcome outcome = ovxid({"-v", "name"});
+  EXPECT_EQ(outcome.out, "%s%n%d\n");
+  EXPECT_THAT(outcome.err, HasSubstr("debug: Found hardware identity: Board number 7(%s%n%d)\n"));
+  EXPECT_THAT(outcome.err, HasSubstr("warn: The line:'%s%n' is not valid"));
+  EXPECT_THAT(outcome.err, HasSubstr("debug: Cpuinfo line: %s%n%x\n"));
+  EXPECT_THAT(outcome.err, HasSubstr("debug: Found possisble alias: '%s%n%d'\n"));
+  EXPECT_THAT(outcome.err, HasSubstr("debug: Real name: %s%n%d\n"));
+  EXPECT_EQ(outcome.status, 0);
+}
+
+}  // namespace
