@@ -85,21 +85,30 @@ TEST(Economy, ComposesNoReportWithoutALogger) {
   EXPECT_EQ(allocationsOf([&] { identifier.logFullId(log4cpp::Priority::ERROR); }), 0);
 }
 
-class ReadOnce : public testing::TestWithParam<const char*> {};
+struct FileCase {
+  const char* name;
+  const char* path;
+};
+
+void PrintTo(const FileCase& file, std::ostream* out) { *out << file.path; }
+
+class ReadOnce : public testing::TestWithParam<FileCase> {};
 
 TEST_P(ReadOnce, IsOpenedOnceByTheStepThatNeedsIt) {
   Board board;
   board.catalogue("Field Node:3:fn1\n").cpuinfo("Hardware\t: Field Node\n");
   board.property("description", "x");
-  const OpenCounter opened(GetParam());
+  const OpenCounter opened(GetParam().path);
   OvxIdentifier identifier(nullptr);
   identifier.determineIdentity();
   EXPECT_EQ(opened.count(), 1);
 }
 
-INSTANTIATE_TEST_SUITE_P(File, ReadOnce,
-                         testing::Values(cataloguePath, cpuinfoPath,
-                                         "/proc/device-tree/orvanix/description"));
+INSTANTIATE_TEST_SUITE_P(
+    File, ReadOnce,
+    testing::Values(FileCase{"Catalogue", cataloguePath}, FileCase{"Cpuinfo", cpuinfoPath},
+                    FileCase{"Description", "/proc/device-tree/orvanix/description"}),
+    [](const auto& test) { return test.param.name; });
 
 TEST(Economy, LeavesNoFileOpenOnABoardOfTheDeviceTree) {
   Board board;

@@ -51,17 +51,32 @@ TEST(Pc, NeedsNoCatalogue) {
   EXPECT_EQ(identifier.getHardwareNumber(), 64);
 }
 
-class OtherMachine : public testing::TestWithParam<const char*> {};
+struct MachineCase {
+  const char* name;
+  const char* machine;
+};
+
+void PrintTo(const MachineCase& other, std::ostream* out) {
+  *out << testing::PrintToString(other.machine);
+}
+
+class OtherMachine : public testing::TestWithParam<MachineCase> {};
 
 TEST_P(OtherMachine, IsNoPc) {
   Board board;
-  board.machine(GetParam());
+  board.machine(GetParam().machine);
   OvxIdentifier identifier(board.logger());
   EXPECT_FALSE(identifier.determineIdentity());
 }
 
-INSTANTIATE_TEST_SUITE_P(Named, OtherMachine,
-                         testing::Values("", "i686", "x86_6", "x86_64v2", "X86_64", " x86_64"));
+INSTANTIATE_TEST_SUITE_P(Of, OtherMachine,
+                         testing::Values(MachineCase{"NoName", ""},
+                                         MachineCase{"TheNameI686", "i686"},
+                                         MachineCase{"AShorterName", "x86_6"},
+                                         MachineCase{"ALongerName", "x86_64v2"},
+                                         MachineCase{"ANameInCapitals", "X86_64"},
+                                         MachineCase{"ANameBehindABlank", " x86_64"}),
+                         [](const auto& test) { return test.param.name; });
 
 TEST(Pc, KeepsTheAliasesOfAnEarlierDetermination) {
   Board board;

@@ -333,23 +333,34 @@ TEST(DeviceTreeWalk, LogsNothing) {
   EXPECT_EQ(board.messagesOf([&] { walk(identifier); }), Messages{});
 }
 
-class WalkedEntryOf : public testing::TestWithParam<int> {
- protected:
-  Board mBoard;
+struct TypeCase {
+  const char* name;
+  int type;
 };
 
-TEST_P(WalkedEntryOf, OfAnotherTypeThanAFileYieldsNothing) {
-  mBoard.property("wifi", "yes");
+void PrintTo(const TypeCase& type, std::ostream* out) { *out << type.name; }
+
+class EntryThatIsNoFile : public testing::TestWithParam<TypeCase> {};
+
+TEST_P(EntryThatIsNoFile, YieldsNothing) {
+  Board board;
+  board.property("wifi", "yes");
   OvxIdentifier identifier(nullptr);
   OvxDTParser::mOVxId = &identifier;
   const std::string path = std::string(nodePath) + "/wifi";
   FTW position{static_cast<int>(path.rfind('/')) + 1, 1};
-  EXPECT_EQ(OvxDTParser::ftw_cb(path.c_str(), nullptr, GetParam(), &position), 0);
+  EXPECT_EQ(OvxDTParser::ftw_cb(path.c_str(), nullptr, GetParam().type, &position), 0);
   EXPECT_EQ(listing(identifier), "");
 }
 
-INSTANTIATE_TEST_SUITE_P(Type, WalkedEntryOf,
-                         testing::Values(FTW_D, FTW_DNR, FTW_DP, FTW_NS, FTW_SL, FTW_SLN));
+INSTANTIATE_TEST_SUITE_P(But, EntryThatIsNoFile,
+                         testing::Values(TypeCase{"ADirectory", FTW_D},
+                                         TypeCase{"AnUnreadableDirectory", FTW_DNR},
+                                         TypeCase{"ADirectoryAfterItsContents", FTW_DP},
+                                         TypeCase{"OfUnknownStatus", FTW_NS},
+                                         TypeCase{"ALink", FTW_SL},
+                                         TypeCase{"ADanglingLink", FTW_SLN}),
+                         [](const auto& test) { return test.param.name; });
 
 TEST(WalkedEntry, IsNamedByThePathFromItsBaseOn) {
   Board board;
