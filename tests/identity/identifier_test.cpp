@@ -122,27 +122,6 @@ TEST(LoadParams, DeterminesAndReportsTheIdentityOnce) {
                 debug("Real name: Field Node"), debug("Hardware number: 7"), debug("Aliases: ")}));
 }
 
-TEST(LoadParams, CollectsTheDeviceTreeOfAnUnknownBoardToo) {
-  Board board;
-  board.property("wifi", "yes");
-  OvxIdentifier identifier(board.logger());
-  identifier.loadParams();
-  EXPECT_EQ(listing(identifier), "OVX_WIFI=yes\n");
-}
-
-TEST(LoadParams, CalledTwiceCollectsEverythingTwice) {
-  Board board;
-  board.property("boardid", "7")
-      .property("description", "Field Node")
-      .remove(std::string(nodePath) + "/description");
-  OvxIdentifier identifier(board.logger());
-  identifier.loadParams();
-  const std::string once = listing(identifier);
-  identifier.loadParams();
-  EXPECT_EQ(once, "OVX_ID=7\nOVX_DESC=Unknown\nOVX_BOARDID=7\n");
-  EXPECT_EQ(listing(identifier), once + once);
-}
-
 TEST(NullLogger, ChangesNoNameAndNoNumber) {
   Board board;
   board.catalogue("Field Node:3:fn1\n").kernelRelease("5.10.0-fn1");

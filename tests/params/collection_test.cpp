@@ -9,14 +9,6 @@ namespace {
 
 TEST(Collection, OfAKnownBoardBeginsWithItsNumberAndName) {
   Board board;
-  board.kernelRelease("5.10.0-ostart");
-  OvxIdentifier identifier(nullptr);
-  identifier.loadParams();
-  EXPECT_EQ(listing(identifier), "OVX_ID=3\nOVX_DESC=Orvanix Starter Kit\n");
-}
-
-TEST(Collection, ListsNumber3NamedTessarynTqb) {
-  Board board;
   board.catalogue("Tessaryn TQB:3:tqb\n").kernelRelease("5.10.0-tqb");
   OvxIdentifier identifier(nullptr);
   identifier.loadParams();
