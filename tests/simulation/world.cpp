@@ -39,6 +39,29 @@ void becomeRootOfUserNamespace() {
   write("/proc/self/gid_map", "0 " + group + " 1");
 }
 
+int openDirectory(const char* path) {
+  const int descriptor = open(path, O_PATH | O_DIRECTORY | O_CLOEXEC);
+  require(descriptor >= 0, std::string("open ") + path);
+  return descriptor;
+}
+
+// Without this, what a test mounts would appear in the system too. Only a mount point can be made
+// private, and in a chroot `/` is none. So this leaves the chroot for a moment: a process that
+// enters a mount namespace, its own one included, begins at the top of it.
+void makeMountsPrivate() {
+  const int root = openDirectory("/");
+  const int workingDirectory = openDirectory(".");
+  const int mounts = open("/proc/self/ns/mnt", O_RDONLY | O_CLOEXEC);
+  require(mounts >= 0, "open /proc/self/ns/mnt (or mount /proc)");
+  require(setns(mounts, CLONE_NEWNS) == 0, "go to the top of the mount namespace");
+  require(mount(nullptr, "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0, "make mounts private");
+  require(fchdir(root) == 0 && chroot(".") == 0, "go back to the root directory");
+  require(fchdir(workingDirectory) == 0, "go back to the working directory");
+  close(mounts);
+  close(workingDirectory);
+  close(root);
+}
+
 void takeOwnMounts() {
   static bool left = false;
   if (left) {
@@ -48,7 +71,7 @@ void takeOwnMounts() {
     becomeRootOfUserNamespace();
   }
   require(unshare(CLONE_NEWNS) == 0, "make a mount namespace");
-  require(mount(nullptr, "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0, "make mounts private");
+  makeMountsPrivate();
   left = true;
 }
 
