@@ -9,7 +9,7 @@
 #include <fstream>
 #include <optional>
 
-#include "bench/world.h"
+#include "simulation/world.h"
 
 namespace {
 

@@ -4,7 +4,7 @@
 #include <fcntl.h>
 #include <sys/utsname.h>
 
-#include "bench/world.h"
+#include "simulation/world.h"
 
 namespace {
 

@@ -6,7 +6,7 @@
 
 #include <fstream>
 
-#include "bench/world.h"
+#include "simulation/world.h"
 
 namespace {
 

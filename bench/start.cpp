@@ -5,7 +5,7 @@
 
 #include <array>
 
-#include "bench/world.h"
+#include "simulation/world.h"
 
 namespace {
 

@@ -10,7 +10,7 @@
 #include <filesystem>
 #include <fstream>
 
-#include "bench/world.h"
+#include "simulation/world.h"
 
 namespace {
 
