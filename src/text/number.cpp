@@ -57,8 +57,9 @@ bool NumberReader::take(char next) {
 void NumberReader::append(std::int64_t digit) {
   mBegun = true;
   mHasDigits = true;
-  // Once it is out of range it stays there, so that no number of digits overflows.
-  if (mMagnitude <= Limits::max()) {
+  // Once it is out of range, with either sign, it stays there, so that no number of digits
+  // overflows.
+  if (mMagnitude <= -std::int64_t{Limits::min()}) {
     mMagnitude = 10 * mMagnitude + digit;
   }
 }

@@ -158,6 +158,8 @@ INSTANTIATE_TEST_SUITE_P(
     testing::Values(RejectedLine{"AboveTheRange", "Field Node:2147483648"},
                     RejectedLine{"BelowTheRange", "Field Node:-2147483649"},
                     RejectedLine{"FarAboveTheRange", "Field Node:99999999999999999999999"},
+                    RejectedLine{"OfADigitBehindTheLargestNumber", "Field Node:21474836470"},
+                    RejectedLine{"OfADigitBehindTheSmallestNumber", "Field Node:-21474836480"},
                     RejectedLine{"OfALetterAndADigit", "Field Node:x7"},
                     RejectedLine{"OfLettersBeforeAnAlias", "Field Node:x:fn1"},
                     RejectedLine{"OfABlank", "Field Node: :fn1"},
