@@ -45,8 +45,23 @@ const Command* findCommand(std::string_view word) {
 
 bool launches(Command command) { return command == Command::run || command == Command::shell; }
 
+// Words into which the parser would read too much: a value, as in "--verbose=true", or a second
+// word behind a second '-', as in "-v-help".
+bool isMisread(std::string_view word) {
+  const bool hasSecondDash = word.find('-', 1) != std::string_view::npos;
+  return isOption(word) &&
+         (word.find('=') != std::string_view::npos || (word[1] != '-' && hasSecondDash));
+}
+
 [[noreturn]] void refuse(const char* word) {
   throw UsageError(std::string("The following argument was not expected: ") + word);
+}
+
+void refuseMisread(char** word, char** end) {
+  char** const misread = std::find_if(word, end, isMisread);
+  if (misread != end) {
+    refuse(*misread);
+  }
 }
 
 bool asksForHelp(char** word, char** end) {
@@ -103,7 +118,6 @@ CLI::App* addCommand(CLI::App& app, const std::string& name, const std::string& 
   command->fallthrough();
   command->group("Commands");
   command->footer("Example:\n  " + example);
-  command->get_help_ptr()->disable_flag_override();
   return command;
 }
 
@@ -111,11 +125,8 @@ void describe(CLI::App& app, bool& verbose) {
   app.require_subcommand(0, 1);
   app.get_formatter()->label("SUBCOMMAND", "COMMAND");
   app.footer("Without a command: list.\n\n" + std::string(exitStatuses));
-  app.get_help_ptr()->disable_flag_override();
-  app.set_version_flag("--version", "ovxid " OVXID_VERSION, "Print the version and exit")
-      ->disable_flag_override();
-  app.add_flag("-v,--verbose", verbose, "Print the library's messages on standard error")
-      ->disable_flag_override();
+  app.set_version_flag("--version", "ovxid " OVXID_VERSION, "Print the version and exit");
+  app.add_flag("-v,--verbose", verbose, "Print the library's messages on standard error");
 
   addCommand(app, "list", "Print the board parameters, one NAME=VALUE a line",
              "ovxid list | grep -a '^OVX_WAN='");
@@ -135,6 +146,7 @@ void describe(CLI::App& app, bool& verbose) {
 
 Arguments readArguments(int argc, char** argv) {
   const CommandLine line = divide(argc, argv);
+  refuseMisread(std::min(argv + 1, argv + line.ownCount), argv + line.ownCount);
   Arguments arguments;
   arguments.command = line.command;
   arguments.launched = line.launched;
