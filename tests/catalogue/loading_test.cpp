@@ -4,6 +4,7 @@
 
 #include "catalogue/builtin_messages.h"
 #include "simulation/board.h"
+#include "simulation/descriptors.h"
 
 using log4cpp::Priority;
 
@@ -203,6 +204,14 @@ TEST(CatalogueFile, ThatMayNotBeReadIsLikeAMissingOne) {
   EXPECT_EQ(board.messages(), builtinCatalogueMessages());
   EXPECT_EQ(namesSearched(board, identifier),
             (Names{"Tessaryn TQBLITE", "Tessaryn TQB", "Orvanix Starter Kit"}));
+}
+
+TEST(CatalogueFile, ThatFindsNoFreeDescriptorIsLikeAMissingOne) {
+  Board board;
+  board.catalogue("Field Node:3\n");
+  const FreeDescriptors none(0);
+  const OvxIdentifier identifier(board.logger());
+  EXPECT_EQ(board.messages(), builtinCatalogueMessages());
 }
 
 TEST(CatalogueFile, ThatIsADirectoryOpensAndHoldsNothing) {

@@ -4,6 +4,7 @@
 
 #include "identity/determination_messages.h"
 #include "simulation/board.h"
+#include "simulation/descriptors.h"
 #include "simulation/locale.h"
 
 namespace {
@@ -142,6 +143,15 @@ TEST(DeviceTreeIdentity, DoesNotCountWhenBoardidMayNotBeRead) {
   const DroppedPrivileges dropped;
   EXPECT_EQ(determination(board, identifier, false).at(1),
             debug("Could not open /proc/device-tree/orvanix/boardid "));
+}
+
+TEST(DeviceTreeIdentity, IsPassedOverWhenItFindsNoFreeDescriptor) {
+  Board board;
+  board.property("boardid", "7").property("description", "Field Node");
+  OvxIdentifier identifier(board.logger());
+  const FreeDescriptors none(0);
+  const Messages messages = determination(board, identifier, false);
+  EXPECT_EQ(Messages(messages.begin(), messages.begin() + 3), missingNodeMessages());
 }
 
 struct DescriptionCase {
