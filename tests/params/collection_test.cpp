@@ -114,13 +114,56 @@ TEST(Collection, OfAnyBoardOfNumber64WithoutANodeSearchesTheWanInterface) {
             "OVX_ID=64\nOVX_DESC=Field Node\nOVX_WAN=eth0\nOVX_WAN_ID=242ffac1102\n");
 }
 
-TEST(Collection, OfAnotherNumberWithoutANodeDoesNotSearchTheWanInterface) {
+struct NumberCase {
+  const char* name;
+  const char* number;
+};
+
+void PrintTo(const NumberCase& number, std::ostream* out) { *out << number.number; }
+
+class BoardWithoutANode : public testing::TestWithParam<NumberCase> {};
+
+TEST_P(BoardWithoutANode, DoesNotSearchTheWanInterface) {
   Board board;
-  board.kernelRelease("5.10.0-tqb");
+  const std::string number = GetParam().number;
+  board.catalogue("Field Node:" + number + ":fn1\n").kernelRelease("5.10.0-fn1");
   board.interface("eth0", "02:42:ac:11:00:02").address("eth0", "10.0.0.1/24");
   OvxIdentifier identifier(nullptr);
   identifier.loadParams();
-  EXPECT_EQ(listing(identifier), "OVX_ID=2\nOVX_DESC=Tessaryn TQB\n");
+  EXPECT_EQ(listing(identifier), "OVX_ID=" + number + "\nOVX_DESC=Field Node\n");
+}
+
+INSTANTIATE_TEST_SUITE_P(Of, BoardWithoutANode,
+                         testing::Values(NumberCase{"ASmallNumber", "2"},
+                                         NumberCase{"OneLessThanThePc", "63"},
+                                         NumberCase{"OneMoreThanThePc", "65"},
+                                         NumberCase{"TheLargestNumber", "2147483647"}),
+                         [](const auto& test) { return test.param.name; });
+
+TEST(Collection, OfAPcWithADeviceTreeThatLacksTheNodeSearchesTheWanInterface) {
+  Board board;
+  board.machine("x86_64").file("/proc/device-tree/model", "PC");
+  board.interface("eth0", "02:42:ac:11:00:02").address("eth0", "10.0.0.1/24");
+  OvxIdentifier identifier(nullptr);
+  identifier.loadParams();
+  EXPECT_EQ(listing(identifier),
+            "OVX_ID=64\nOVX_DESC=x86_64 PC\nOVX_WAN=eth0\nOVX_WAN_ID=242ffac1102\n");
+}
+
+TEST(Collection, LeavesOutWhatStandsBesideTheNode) {
+  Board board;
+  board.property("wifi", "yes").file("/proc/device-tree/model", "Field Node");
+  OvxIdentifier identifier(nullptr);
+  identifier.loadParams();
+  EXPECT_EQ(listing(identifier), "OVX_WIFI=yes\n");
+}
+
+TEST(Collection, LogsNothingOnAPc) {
+  Board board;
+  board.machine("x86_64").interface("eth0", "02:42:ac:11:00:02").address("eth0", "10.0.0.1/24");
+  OvxIdentifier identifier(board.logger());
+  identifier.determineIdentity();
+  EXPECT_EQ(board.messagesOf([&] { identifier.parse_params(); }), Messages{});
 }
 
 TEST(Collection, TakesTheWanInterfaceOfTheDeviceTree) {

@@ -89,6 +89,11 @@ Board& Board::directory(const std::string& path) {
   return *this;
 }
 
+Board& Board::file(const std::string& path, const std::string& bytes) {
+  write(path, bytes);
+  return *this;
+}
+
 Board& Board::remove(const std::string& path) {
   if (fs::remove_all(path) == 0) {
     throw std::runtime_error("nothing to remove: " + path);

@@ -33,6 +33,7 @@ class Board {
   Board& unameFails();
 
   Board& directory(const std::string& path);
+  Board& file(const std::string& path, const std::string& bytes);
   Board& remove(const std::string& path);
   Board& permissions(const std::string& path, unsigned mode);
 
