@@ -10,6 +10,7 @@
 
 #include "simulation/board.h"
 #include "simulation/descriptors.h"
+#include "simulation/locale.h"
 
 namespace {
 
@@ -310,20 +311,50 @@ TEST(DeviceTreeWalk, CrossesMounts) {
 }
 
 TEST(DeviceTreeWalk, UpperCasesAsTheLocaleOfTheProcessDoes) {
-  struct Shouting : std::ctype<char> {
-    char do_toupper(char byte) const override { return byte == '-' ? '_' : byte; }
-    const char* do_toupper(char* begin, const char* end) const override {
-      std::replace(begin, begin + (end - begin), '-', '_');
-      return end;
-    }
-  };
   Board board;
   board.property("a-b", "1");
   OvxIdentifier identifier(nullptr);
-  const std::locale before = std::locale::global({std::locale::classic(), new Shouting});
+  const UpperCaseLocale locale('-', '_');
   walk(identifier);
-  std::locale::global(before);
   EXPECT_EQ(listing(identifier), "OVX_a_b=1\n");
+}
+
+TEST(DeviceTreeWalk, UpperCasesAsTheLocaleOfTheProcessDoesByThen) {
+  Board board;
+  board.property("a-b", "1");
+  OvxIdentifier before(nullptr);
+  walk(before);
+  OvxIdentifier identifier(nullptr);
+  const UpperCaseLocale locale('-', '_');
+  walk(identifier);
+  EXPECT_EQ(listing(identifier), "OVX_a_b=1\n");
+}
+
+TEST(DeviceTreeWalk, PutsThePrefixAsItIsBeforeTheUpperCase) {
+  Board board;
+  board.property("V", "1");
+  OvxIdentifier identifier(nullptr);
+  const UpperCaseLocale locale('V', 'W');
+  walk(identifier);
+  EXPECT_EQ(listing(identifier), "OVX_W=1\n");
+}
+
+TEST(DeviceTreeWalk, GivesAnEmptyValueForAPropertyThatFindsNoFreeDescriptor) {
+  Board board;
+  board.property("wifi", "yes");
+  OvxIdentifier identifier(nullptr);
+  const FreeDescriptors forTheDirectory(1);
+  EXPECT_EQ(walk(identifier), 0);
+  EXPECT_EQ(listing(identifier), "OVX_WIFI=\n");
+}
+
+TEST(DeviceTreeWalk, FailsWhenTheNodeFindsNoFreeDescriptor) {
+  Board board;
+  board.property("wifi", "yes");
+  OvxIdentifier identifier(nullptr);
+  const FreeDescriptors none(0);
+  EXPECT_EQ(walk(identifier), -1);
+  EXPECT_EQ(listing(identifier), "");
 }
 
 TEST(DeviceTreeWalk, LogsNothing) {
@@ -371,6 +402,19 @@ TEST(WalkedEntry, IsNamedByThePathFromItsBaseOn) {
   FTW position{static_cast<int>(path.rfind('/')) + 1, 2};
   EXPECT_EQ(OvxDTParser::ftw_cb(path.c_str(), nullptr, FTW_F, &position), 0);
   EXPECT_EQ(listing(identifier), "OVX_WIFI=yes\n");
+}
+
+TEST(WalkedEntry, ThatIsGoneTakesNoValueOfTheEntryBefore) {
+  Board board;
+  board.property("wifi", "yes");
+  OvxIdentifier identifier(nullptr);
+  OvxDTParser::mOVxId = &identifier;
+  const std::string path = std::string(nodePath) + "/wifi";
+  FTW position{static_cast<int>(path.rfind('/')) + 1, 1};
+  OvxDTParser::ftw_cb(path.c_str(), nullptr, FTW_F, &position);
+  board.remove(path);
+  OvxDTParser::ftw_cb(path.c_str(), nullptr, FTW_F, &position);
+  EXPECT_EQ(listing(identifier), "OVX_WIFI=yes\nOVX_WIFI=\n");
 }
 
 TEST(WalkedEntry, ThatIsGoneWhenItIsOpenedGivesAnEmptyValue) {

@@ -1,6 +1,7 @@
 #ifndef OVXID_TESTS_SIMULATION_LOCALE_H
 #define OVXID_TESTS_SIMULATION_LOCALE_H
 
+#include <algorithm>
 #include <locale>
 #include <string>
 
@@ -16,6 +17,35 @@ class GroupingLocale {
   struct Grouping : std::numpunct<char> {
     char do_thousands_sep() const override { return '.'; }
     std::string do_grouping() const override { return "\3"; }
+  };
+
+  std::locale mBefore;
+};
+
+// Makes the process's locale one in which the upper case of `from` is `to`, and every other byte is
+// its own upper case, for as long as this lives.
+class UpperCaseLocale {
+ public:
+  UpperCaseLocale(char from, char to)
+      : mBefore(std::locale::global({std::locale::classic(), new UpperCase(from, to)})) {}
+  ~UpperCaseLocale() { std::locale::global(mBefore); }
+  UpperCaseLocale(const UpperCaseLocale&) = delete;
+  UpperCaseLocale& operator=(const UpperCaseLocale&) = delete;
+
+ private:
+  class UpperCase : public std::ctype<char> {
+   public:
+    UpperCase(char from, char to) : mFrom(from), mTo(to) {}
+
+   private:
+    char do_toupper(char byte) const override { return byte == mFrom ? mTo : byte; }
+    const char* do_toupper(char* begin, const char* end) const override {
+      std::replace(begin, begin + (end - begin), mFrom, mTo);
+      return end;
+    }
+
+    char mFrom;
+    char mTo;
   };
 
   std::locale mBefore;
