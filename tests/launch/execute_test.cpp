@@ -115,6 +115,16 @@ TEST_F(Launch, ExportsACellThatBeginsWithAZeroByteAsEmpty) {
   EXPECT_EQ(shell("echo \"${OVX_CELL-unset}|\"").out, "|\n");
 }
 
+TEST_F(Launch, ExportsAParameterWithoutAValue) {
+  mIdentifier.addParameter("OVX_WIFI", "");
+  EXPECT_EQ(launch({"env"}, false).out, "PATH=/usr/bin:/bin\nOVX_WIFI=\n");
+}
+
+TEST_F(Launch, ExportsAParameterOfAnotherPrefix) {
+  mIdentifier.addParameter("WIFI", "yes");
+  EXPECT_EQ(launch({"env"}, false).out, "PATH=/usr/bin:/bin\nWIFI=yes\n");
+}
+
 TEST_F(Launch, ExportsNamesThatAreNoShellIdentifiers) {
   mIdentifier.addParameter("OVX_#ADDRESS-CELLS", "1");
   EXPECT_EQ(launch({"printenv", "OVX_#ADDRESS-CELLS"}, false).out, "1\n");
