@@ -68,11 +68,26 @@ TEST(TryLog, HandsPercentSignsToTheLoggerAsTheyStand) {
             (Messages{warn("100 %d%% of %s%n")}));
 }
 
+TEST(TryLog, HandsOverAnEmptyText) {
+  Board board;
+  OvxIdentifier identifier(board.logger());
+  EXPECT_EQ(board.messagesOf([&] { identifier.tryLog(""); }), (Messages{debug("")}));
+}
+
 TEST(TryLog, HandsOverTheTextUpToItsFirstNulByte) {
   Board board;
   OvxIdentifier identifier(board.logger());
   EXPECT_EQ(board.messagesOf([&] { identifier.tryLog(bytes("before\0after")); }),
             (Messages{debug("before")}));
+}
+
+// The logger receives a C string, so the text behind the NUL byte must not be there.
+TEST(Message, EndsAtTheNulByteOfAValueInIt) {
+  Board board;
+  OvxIdentifier identifier(board.logger());
+  HardwareIdentity record{};
+  EXPECT_EQ(board.messagesOf([&] { identifier.parseIdentityLine(record, bytes("a\0b")); }),
+            (Messages{warn("The line:'a")}));
 }
 
 }  // namespace
