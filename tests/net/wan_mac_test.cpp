@@ -2,11 +2,14 @@
 #include <net/if.h>
 #include <sys/ioctl.h>
 #include <sys/resource.h>
+#include <sys/socket.h>
+#include <unistd.h>
 
 #include <array>
 #include <cerrno>
 #include <csignal>
 #include <cstdio>
+#include <iostream>
 
 #include "simulation/board.h"
 #include "simulation/child.h"
@@ -93,6 +96,13 @@ TEST_F(WanMac, IsNotThatOfAParameterOfOtherCase) {
   EXPECT_EQ(listing(identifier), "ovx_wan=lo\n");
 }
 
+TEST_F(WanMac, IsNotThatOfAParameterWhoseNameGoesOnBehindANulByte) {
+  OvxIdentifier identifier(nullptr);
+  identifier.addParameter(bytes("OVX_WAN\0x"), "lo");
+  identifier.add_wan_mac();
+  EXPECT_EQ(listing(identifier), bytes("OVX_WAN\0x=lo\n"));
+}
+
 TEST_F(WanMac, IsThatOfTheFirstWanInterfaceOfTheList) {
   mBoard.interface("eth0", "02:00:00:00:00:01").interface("eth1", "02:00:00:00:00:02");
   OvxIdentifier identifier(nullptr);
@@ -159,6 +169,20 @@ TEST_F(WanMac, OfANameFarTooLongAbortsTheProcess) {
         addedFor(std::string(1000, 'x'));
       },
       testing::KilledBySignal(SIGABRT), "^$");
+}
+
+TEST_F(WanMac, IsAskedThroughAnIpv4DatagramSocket) {
+  addedFor("lo");
+  EXPECT_EQ(kernel.askedSocket, (std::array<int, 3>{AF_INET, SOCK_DGRAM, 0}));
+}
+
+TEST_F(WanMac, IsAskedThroughDescriptor0WhenStandardInputIsClosed) {
+  const Outcome outcome = inChild([&] {
+    close(STDIN_FILENO);
+    std::cout << addedFor("lo");
+    return 0;
+  });
+  EXPECT_EQ(outcome, (Outcome{0, "OVX_WAN_ID=000000\n", ""}));
 }
 
 TEST_F(WanMac, CalledTwiceIsAddedTwice) {

@@ -1,8 +1,13 @@
+#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <net/if.h>
 #include <sys/ioctl.h>
+#include <sys/socket.h>
+#include <unistd.h>
 
+#include <array>
 #include <cerrno>
+#include <iostream>
 
 #include "simulation/board.h"
 #include "simulation/child.h"
@@ -52,6 +57,13 @@ TEST(WanSearch, TakesANameThatBeginsWithLoForAnyOther) {
   board.address("lo", "127.0.0.1/8");
   board.interface("lo0", someMac).address("lo0", "10.0.0.1/24");
   EXPECT_EQ(wanFound(), "OVX_WAN=lo0\n");
+}
+
+TEST(WanSearch, TakesLoInCapitalsForAnyOtherName) {
+  Board board;
+  board.address("lo", "127.0.0.1/8");
+  board.interface("LO", someMac).address("LO", "10.0.0.1/24");
+  EXPECT_EQ(wanFound(), "OVX_WAN=LO\n");
 }
 
 TEST(WanSearch, TakesANameOfFifteenCharactersWhole) {
@@ -135,6 +147,34 @@ TEST(WanSearch, AsksForAListOf1024Bytes) {
 #if defined(__LP64__)
 TEST(WanSearch, ExaminesTwentyFiveEntriesOn64Bits) { EXPECT_EQ(entriesExamined, 25); }
 #endif
+
+TEST(WanSearch, AsksThroughAnIpv4DatagramSocket) {
+  Board board;
+  wanFound();
+  EXPECT_EQ(kernel.askedSocket, (std::array<int, 3>{AF_INET, SOCK_DGRAM, 0}));
+}
+
+TEST(WanSearch, AsksThroughDescriptor0WhenStandardInputIsClosed) {
+  Board board;
+  board.interface("eth0", someMac).address("eth0", "10.0.0.1/24");
+  const Outcome outcome = inChild([] {
+    close(STDIN_FILENO);
+    std::cout << wanFound();
+    return 0;
+  });
+  EXPECT_EQ(outcome, (Outcome{0, "OVX_WAN=eth0\n", ""}));
+}
+
+TEST(WanSearch, LeavesDescriptor0ClosedWhenStandardInputIsClosed) {
+  Board board;
+  const Outcome outcome = inChild([] {
+    close(STDIN_FILENO);
+    wanFound();
+    std::cout << (fcntl(STDIN_FILENO, F_GETFD) < 0 ? "closed" : "open");
+    return 0;
+  });
+  EXPECT_EQ(outcome, (Outcome{0, "closed", ""}));
+}
 
 TEST(WanSearch, CalledTwiceAppendsTwice) {
   Board board;

@@ -27,6 +27,7 @@ extern "C" int uname(utsname* name) noexcept {
 }
 
 extern "C" int socket(int domain, int type, int protocol) noexcept {
+  kernel.askedSocket = {domain, type, protocol};
   if (kernel.socketError) {
     errno = *kernel.socketError;
     return -1;

@@ -19,6 +19,8 @@ struct Kernel {
   std::optional<int> readsLeft;
   // Whether close(2), while it works, changes errno, as it may.
   bool closeChangesErrno = false;
+  // The domain, type and protocol of the last socket.
+  std::array<int, 3> askedSocket{};
   // What ioctl(2) was asked for last: the interface whose address, the bytes of a list.
   std::string askedInterface;
   int askedBytes = 0;
