@@ -71,6 +71,7 @@ TEST_P(OtherMachine, IsNoPc) {
 
 INSTANTIATE_TEST_SUITE_P(Of, OtherMachine,
                          testing::Values(MachineCase{"NoName", ""},
+                                         MachineCase{"TheNameAmd64", "amd64"},
                                          MachineCase{"TheNameI686", "i686"},
                                          MachineCase{"AShorterName", "x86_6"},
                                          MachineCase{"ALongerName", "x86_64v2"},

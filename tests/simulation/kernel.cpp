@@ -14,15 +14,15 @@
 Kernel kernel;
 
 extern "C" int uname(utsname* name) noexcept {
-  if (kernel.unameFails) {
-    errno = EFAULT;
-    return -1;
-  }
   // The real kernel is asked as well, so that a trace shows that it was.
   syscall(SYS_uname, name);
   *name = {};
   kernel.release.copy(name->release, sizeof name->release - 1);
   kernel.machine.copy(name->machine, sizeof name->machine - 1);
+  if (kernel.unameFails) {
+    errno = EFAULT;
+    return -1;
+  }
   return 0;
 }
 

@@ -10,6 +10,7 @@
 struct Kernel {
   std::string release;
   std::string machine;
+  // Whether uname(2) fails, though it fills the structure.
   bool unameFails = false;
   // The errno with which socket(2) fails.
   std::optional<int> socketError;
