@@ -28,6 +28,15 @@ TEST(Cpuinfo, ThatMayNotBeReadIsLikeAMissingOne) {
             unameMessages("5.10.0") + cpuinfoBegins + cpuinfoMissing + failed);
 }
 
+TEST(Cpuinfo, ThatFindsNoFreeDescriptorIsLikeAMissingOne) {
+  Board board;
+  board.catalogue("Field Node:3\n").cpuinfo("Hardware\t: Field Node\n");
+  OvxIdentifier identifier(board.logger());
+  const FreeDescriptors none(0);
+  EXPECT_EQ(determination(board, identifier, false),
+            unameMessages("5.10.0") + cpuinfoBegins + cpuinfoMissing + failed);
+}
+
 TEST(Cpuinfo, ThatIsADirectoryOpensAndHoldsNoLine) {
   Board board;
   board.directory(cpuinfoPath);
@@ -153,6 +162,56 @@ TEST(Cpuinfo, ValueIsNotTrimmedAndMatchesNothing) {
                 noMatch + failed);
 }
 
+TEST(Cpuinfo, ValueKeepsItsTrailingBlanks) {
+  Board board;
+  board.catalogue("Field Node:3:fn1\n").cpuinfo("Hardware\t: fn1 \t \n");
+  OvxIdentifier identifier(board.logger());
+  EXPECT_EQ(determination(board, identifier, false).at(9),
+            debug("Found possisble alias: 'fn1 \t '"));
+}
+
+TEST(Cpuinfo, ValueMatchesNoNameThatIsItsBeginning) {
+  Board board;
+  board.catalogue("Field Node:3\n").cpuinfo("Hardware\t: Field Node 2\n");
+  OvxIdentifier identifier(board.logger());
+  EXPECT_FALSE(identifier.determineIdentity());
+}
+
+TEST(Cpuinfo, ValueMatchesNoNameOfWhichItIsTheBeginning) {
+  Board board;
+  board.catalogue("Field Node 2:3\n").cpuinfo("Hardware\t: Field Node\n");
+  OvxIdentifier identifier(board.logger());
+  EXPECT_FALSE(identifier.determineIdentity());
+}
+
+TEST(Cpuinfo, ValueMatchesNoAliasThatIsItsBeginning) {
+  Board board;
+  board.catalogue("Field Node:3:fn\n").cpuinfo("Hardware\t: fn1\n");
+  OvxIdentifier identifier(board.logger());
+  EXPECT_FALSE(identifier.determineIdentity());
+}
+
+TEST(Cpuinfo, ValueIsComparedWithNamesBeyondItsNulByte) {
+  Board board;
+  board.catalogue("Field Node:3\n").cpuinfo(bytes("Hardware\t: Field Node\0x\n"));
+  OvxIdentifier identifier(board.logger());
+  EXPECT_FALSE(identifier.determineIdentity());
+}
+
+TEST(Cpuinfo, ValueIsComparedWithAliasesBeyondItsNulByte) {
+  Board board;
+  board.catalogue("Field Node:3:fn1\n").cpuinfo(bytes("Hardware\t: fn1\0x\n"));
+  OvxIdentifier identifier(board.logger());
+  EXPECT_FALSE(identifier.determineIdentity());
+}
+
+TEST(Cpuinfo, ValueMayHoldANulByteAsTheNameDoes) {
+  Board board;
+  board.catalogue(bytes("Field\0Node:3\n")).cpuinfo(bytes("Hardware\t: Field\0Node\n"));
+  OvxIdentifier identifier(board.logger());
+  EXPECT_TRUE(identifier.determineIdentity());
+}
+
 TEST(Cpuinfo, ValueKeepsItsCarriageReturn) {
   Board board;
   board.catalogue("Field Node:3:fn1:fn2\nBench Unit:9:Field Node\n").cpuinfo("Hardware\t: fn1\r\n");
@@ -195,8 +254,14 @@ TEST(Cpuinfo, ValueOfALineWithoutAColonBeginsAtItsSecondCharacter) {
 
 TEST(Cpuinfo, LineThatBeginsWithALongerWordCounts) {
   Board board;
-  board.catalogue("Field Node:3:fn1:fn2\nBench Unit:9:Field Node\n")
-      .cpuinfo("Hardware name\t: Field Node\n");
+  board.catalogue("Field Node:3\n").cpuinfo("Hardwares\t: Field Node\n");
+  OvxIdentifier identifier(board.logger());
+  EXPECT_TRUE(identifier.determineIdentity());
+}
+
+TEST(Cpuinfo, LineWithASecondWordBeforeTheColonCounts) {
+  Board board;
+  board.catalogue("Field Node:3\n").cpuinfo("Hardware name\t: Field Node\n");
   OvxIdentifier identifier(board.logger());
   EXPECT_TRUE(identifier.determineIdentity());
 }

@@ -73,16 +73,37 @@ TEST(ReleaseSuffix, MayBeEmptyAndMatchesNothingThen) {
                 failed);
 }
 
-TEST(ReleaseSuffix, MatchesNoPartOfAnAlias) {
+TEST(ReleaseSuffix, MatchesNoBeginningOfAnAlias) {
   Board board;
   board.catalogue("Field Node:3:fn1\n").kernelRelease("5.10.0-fn");
   OvxIdentifier identifier(board.logger());
   EXPECT_FALSE(identifier.determineIdentity());
 }
 
-TEST(ReleaseSuffix, MatchesNoBeginningByAnAlias) {
+TEST(ReleaseSuffix, MatchesNoAliasThatIsItsBeginning) {
   Board board;
   board.catalogue("Field Node:3:fn1\n").kernelRelease("5.10.0-fn10");
+  OvxIdentifier identifier(board.logger());
+  EXPECT_FALSE(identifier.determineIdentity());
+}
+
+TEST(ReleaseSuffix, MatchesNoEndOfAnAlias) {
+  Board board;
+  board.catalogue("Field Node:3:fn1\n").kernelRelease("5.10.0-n1");
+  OvxIdentifier identifier(board.logger());
+  EXPECT_FALSE(identifier.determineIdentity());
+}
+
+TEST(ReleaseSuffix, MatchesNoAliasOfTheSameLengthAndOtherBytes) {
+  Board board;
+  board.catalogue("Field Node:3:fn1\n").kernelRelease("5.10.0-fn2");
+  OvxIdentifier identifier(board.logger());
+  EXPECT_FALSE(identifier.determineIdentity());
+}
+
+TEST(ReleaseSuffix, MatchesNoAliasThatGoesOnBehindANulByte) {
+  Board board;
+  board.catalogue(bytes("Field Node:3:fn1\0x\n")).kernelRelease("5.10.0-fn1");
   OvxIdentifier identifier(board.logger());
   EXPECT_FALSE(identifier.determineIdentity());
 }
