@@ -28,6 +28,16 @@ TEST(RepeatedDetermination, AfterAFailureDoesNotWarn) {
             (Messages{debug("Attempting to find alias by DT")}));
 }
 
+TEST(RepeatedDetermination, ByAnIdentityWithoutAliasesClearsThoseOfTheOneBefore) {
+  Board board;
+  board.catalogue("Field Node:3:fn1\nBench Unit:9\n").kernelRelease("5.10.0-fn1");
+  OvxIdentifier identifier(board.logger());
+  identifier.determineIdentity();
+  board.kernelRelease("5.10.0").cpuinfo("Hardware\t: Bench Unit\n");
+  identifier.determineIdentity();
+  EXPECT_EQ(report(board, identifier), reportOf("Bench Unit", 9, ""));
+}
+
 TEST(RepeatedDetermination, KeepsTheNumberWhenBoardidHasBecomeWhiteSpace) {
   Board board;
   board.property("boardid", "7");

@@ -78,6 +78,14 @@ TEST(Query, AfterASuccessfulOneAnswersFromMemoryWithoutAMessage) {
             Messages{});
 }
 
+TEST(Query, OfADeterminedBoardOfNumberMinusOneAnswersFromMemory) {
+  Board board;
+  board.property("boardid", "-1");
+  OvxIdentifier identifier(board.logger());
+  identifier.getHardwareNumber();
+  EXPECT_EQ(board.messagesOf([&] { identifier.getHardwareNumber(); }), Messages{});
+}
+
 TEST(Query, AfterADirectDeterminationAnswersWithoutAReport) {
   Board board;
   board.property("boardid", "7");
