@@ -1,8 +1,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <fstream>
-
 #include "cli/front_end.h"
 
 using testing::StartsWith;
@@ -23,9 +21,7 @@ TEST_F(FrontEnd, LeavesTheArgumentsOfAProgramAfterTwoDashesToIt) {
 }
 
 TEST_F(FrontEnd, RunsAProgramNamedLikeACommand) {
-  mBoard.directory("/proc/bin");
-  std::ofstream("/proc/bin/list") << "#!/bin/sh\necho my list $1\n";
-  mBoard.permissions("/proc/bin/list", 0755);
+  mBoard.file("/proc/bin/list", "#!/bin/sh\necho my list $1\n").permissions("/proc/bin/list", 0755);
   pathIs("/proc/bin");
   EXPECT_EQ(ovxid({"run", "list", "name"}).out, "my list name\n");
 }
@@ -93,6 +89,24 @@ INSTANTIATE_TEST_SUITE_P(
         UsageCase{"AnEmptyValueForAnOption",
                   {"name", "--help="},
                   "The following argument was not expected: --help="},
+        UsageCase{"AnUnknownCommandBeforeAWord",
+                  {"bogus", "list"},
+                  "The following argument was not expected: bogus"},
+        UsageCase{"HelpSetToFalse",
+                  {"--help=false"},
+                  "The following argument was not expected: --help=false"},
+        UsageCase{"HelpOfACommandSetToFalse",
+                  {"list", "--help=false"},
+                  "The following argument was not expected: --help=false"},
+        UsageCase{"VersionSetToFalse",
+                  {"--version=false"},
+                  "The following argument was not expected: --version=false"},
+        UsageCase{"VerboseSetToFalse",
+                  {"--verbose=false"},
+                  "The following argument was not expected: --verbose=false"},
+        UsageCase{"TheShortVerboseSetToFalse",
+                  {"-v=false"},
+                  "The following argument was not expected: -v=false"},
         UsageCase{"AnEmptyCommand", {""}, "The following argument was not expected: "},
         UsageCase{"TwoDashesBeforeTheCommand",
                   {"--", "run", "true"},
@@ -109,6 +123,16 @@ TEST_F(FrontEnd, LeavesTheSecondOfTwoMarksToTheProgramAndToTheShell) {
 TEST_F(FrontEnd, TakesOddWordsForProgramsOnly) {
   EXPECT_EQ(ovxid({"run", "++"}).err, "ovxid: ++: No such file or directory\n");
   EXPECT_EQ(ovxid({"run", "-"}).err, "ovxid: -: No such file or directory\n");
+}
+
+TEST_F(FrontEnd, LeavesAnOptionOfTwoDashesToTheShell) {
+  shellIs("/bin/echo");
+  EXPECT_EQ(ovxid({"shell", "--norc", "x"}), (Outcome{0, "--norc x\n", ""}));
+}
+
+TEST_F(FrontEnd, LeavesAnOptionThatBeginsLikeHelpToTheShell) {
+  shellIs("/bin/echo");
+  EXPECT_EQ(ovxid({"shell", "--help=false"}), (Outcome{0, "--help=false\n", ""}));
 }
 
 TEST_F(FrontEnd, LeavesTheShortWordForHelpToTheShell) {

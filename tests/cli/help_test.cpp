@@ -48,6 +48,11 @@ TEST_F(FrontEnd, HelpOfRunNamesTheProgramAndItsArguments) {
               HasSubstr("Usage: ovxid run [OPTIONS] [--] PROGRAM [ARG...]\n"));
 }
 
+TEST_F(FrontEnd, HelpOfShellNamesTheArgumentsOfTheShell) {
+  EXPECT_THAT(ovxid({"shell", "--help"}).out,
+              HasSubstr("Usage: ovxid shell [OPTIONS] [--] [ARG...]\n"));
+}
+
 TEST_F(FrontEnd, KnowsNoBoardWhenOnlyHelpIsAskedFor) {
   mBoard.cpuinfo("Hardware\t:\n");
   EXPECT_EQ(ovxid({"run", "--help"}).status, 0);

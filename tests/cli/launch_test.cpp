@@ -1,7 +1,6 @@
 #include <gtest/gtest.h>
 
 #include <csignal>
-#include <fstream>
 
 #include "cli/front_end.h"
 
@@ -35,13 +34,13 @@ TEST_F(FrontEnd, FailsToRunAMissingProgramWith127) {
 }
 
 TEST_F(FrontEnd, FailsToRunAFileThatIsNotExecutableWith126) {
-  std::ofstream("/proc/text") << "text\n";
+  mBoard.file("/proc/text", "text\n");
   EXPECT_EQ(ovxid({"run", "/proc/text", "-v"}),
             (Outcome{126, "", "ovxid: /proc/text: Permission denied\n"}));
 }
 
 TEST_F(FrontEnd, FailsToRunAProgramBelowAFileWith126) {
-  std::ofstream("/proc/file") << "";
+  mBoard.file("/proc/file", "");
   EXPECT_EQ(ovxid({"run", "/proc/file/x"}),
             (Outcome{126, "", "ovxid: /proc/file/x: Not a directory\n"}));
 }
