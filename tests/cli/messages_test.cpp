@@ -85,6 +85,18 @@ TEST_F(FrontEnd, VerbosePrintsTheSameMessagesForEveryCommand) {
   EXPECT_EQ(ovxid({"-v", "shell", "-c", "true"}).err, expected);
 }
 
+TEST_F(FrontEnd, SearchesOnceForTheNumberOfAnUnknownBoard) {
+  const std::string messages = ovxid({"-v", "number"}).err;
+  const std::string search = "debug: Attempting to find alias by DT\n";
+  EXPECT_NE(messages.find(search), std::string::npos) << messages;
+  EXPECT_EQ(messages.find(search), messages.rfind(search)) << messages;
+}
+
+TEST_F(FrontEnd, ShowsControlCharactersOfADiagnosticAsQuestionMarks) {
+  EXPECT_EQ(ovxid({"run", "a\tb\x1b[0m\x7f\r"}),
+            (Outcome{127, "", "ovxid: a?b?[0m??: No such file or directory\n"}));
+}
+
 TEST_F(FrontEnd, VerboseInterpretsNoPercentSign) {
   mBoard.catalogue("%s%n%d:7:x\n%s%n\n").cpuinfo("%s%n%x\nHardware\t: %s%n%d\n");
   const Outcome outcome = ovxid({"-v", "name"});

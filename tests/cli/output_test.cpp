@@ -62,6 +62,23 @@ TEST_F(FrontEnd, FailsWhenTheReaderOfItsMessagesWentAway) {
   EXPECT_EQ(ovxid({"-v", "name"}), (Outcome{3, "Field Node\n", ""}));
 }
 
+TEST_F(FrontEnd, RunsTheProgramThoughTheReaderOfTheLibrarysMessagesWentAway) {
+  mBoard.property("wan", "eth7");
+  messagesToClosedPipe();
+  EXPECT_EQ(ovxid({"run", "echo", "a"}), (Outcome{0, "a\n", ""}));
+}
+
+TEST_F(FrontEnd, FailsToRunAMissingProgramWith127ThoughItsMessagesMeetAFullDisk) {
+  messagesToFullDisk();
+  EXPECT_EQ(ovxid({"run", "no-such-program"}), (Outcome{127, "", ""}));
+}
+
+TEST_F(FrontEnd, FailsToRunAMissingShellWith127ThoughItsMessagesMeetAFullDisk) {
+  shellIs("/nonexistent");
+  messagesToFullDisk();
+  EXPECT_EQ(ovxid({"shell"}), (Outcome{127, "", ""}));
+}
+
 TEST_F(FrontEnd, RunsTheProgramThoughTheReaderOfItsMessagesWentAway) {
   messagesToClosedPipe();
   EXPECT_EQ(ovxid({"-v", "run", "echo", "a"}), (Outcome{0, "a\n", ""}));
