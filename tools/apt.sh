@@ -22,8 +22,15 @@
   packages_brought_along=(liblog4cpp5-dev)
 }
 
+can_be_root() {
+  [[ $EUID -eq 0 ]] || command -v sudo >/dev/null
+}
+
 as_root() {
-  if [[ $EUID -eq 0 ]]; then
+  if ! can_be_root; then
+    echo "Root or sudo is needed to run: $*" >&2
+    return 1
+  elif [[ $EUID -eq 0 ]]; then
     "$@"
   else
     sudo "$@"
@@ -102,6 +109,13 @@ install_packages() {
     done
   done
   [[ ${#missing[@]} -gt 0 ]] || return 0
+  if ! can_be_root; then
+    echo "Root or sudo is needed to install these packages: ${missing[*]}" >&2
+    return 1
+  fi
   echo "Installing ${missing[*]}" >&2
+  for package in "${missing[@]}"; do
+    [[ $package != *:* ]] || add_architecture "${package#*:}"
+  done
   try_again refresh_and_install "${missing[@]}"
 }
