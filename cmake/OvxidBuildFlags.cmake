@@ -1,6 +1,11 @@
 # How our own code is compiled and linked. None of it reaches those who link the library.
 include_guard()
 
+get_property(ovxid_multi_config GLOBAL PROPERTY GENERATOR_IS_MULTI_CONFIG)
+if(PROJECT_IS_TOP_LEVEL AND NOT ovxid_multi_config AND NOT CMAKE_BUILD_TYPE)
+  set(CMAKE_BUILD_TYPE RelWithDebInfo CACHE STRING "The type of the build" FORCE)
+endif()
+
 set(ovxid_warnings
   -Wall -Wextra -Wpedantic -Wconversion -Wsign-conversion -Wshadow -Wcast-align -Wcast-qual
   -Wformat=2 -Wnull-dereference -Wold-style-cast -Woverloaded-virtual -Wundef -Wunused)
