@@ -3,11 +3,16 @@
 # Log4cpp::Headers  the headers alone, for who only needs its types
 # Log4cpp::Log4cpp  the headers and the library
 find_path(Log4cpp_INCLUDE_DIR log4cpp/Priority.hh)
-find_library(Log4cpp_LIBRARY log4cpp)
+# Debian's library for another architecture brings only the second name.
+find_library(Log4cpp_LIBRARY NAMES log4cpp liblog4cpp.so.5 NAMES_PER_DIR)
 mark_as_advanced(Log4cpp_INCLUDE_DIR Log4cpp_LIBRARY)
 
 include(FindPackageHandleStandardArgs)
-find_package_handle_standard_args(Log4cpp REQUIRED_VARS Log4cpp_LIBRARY Log4cpp_INCLUDE_DIR)
+find_package_handle_standard_args(Log4cpp
+  REQUIRED_VARS Log4cpp_LIBRARY Log4cpp_INCLUDE_DIR
+  REASON_FAILURE_MESSAGE "Pass what is missing:
+    -DLog4cpp_LIBRARY=PATH      of liblog4cpp.so or liblog4cpp.so.5
+    -DLog4cpp_INCLUDE_DIR=PATH  of the folder that has log4cpp/Priority.hh")
 
 if(Log4cpp_FOUND AND NOT TARGET Log4cpp::Headers)
   add_library(Log4cpp::Headers INTERFACE IMPORTED)
