@@ -25,7 +25,16 @@ install(FILES
   cmake/FindLog4cpp.cmake
   DESTINATION "${ovxid_cmake_dir}" COMPONENT development)
 
-# Below the prefix, unless the builder gave absolute folders, so that the file can be relocated.
+# ovxid.pc finds the prefix from its own place, so that the installed tree can be moved. Absolute folders
+# stay where they are, and so does /usr: pkg-config leaves out what compilers search anyway only when it
+# is written without "..", and -isystem /usr/include would hide the C library's headers.
+if(IS_ABSOLUTE "${CMAKE_INSTALL_LIBDIR}" OR CMAKE_INSTALL_PREFIX STREQUAL "/usr")
+  set(ovxid_pc_prefix "${CMAKE_INSTALL_PREFIX}")
+else()
+  set(ovxid_pc_up "/")
+  cmake_path(RELATIVE_PATH ovxid_pc_up BASE_DIRECTORY "/${CMAKE_INSTALL_LIBDIR}/pkgconfig")
+  cmake_path(APPEND ovxid_pc_prefix "\${pcfiledir}" "${ovxid_pc_up}")
+endif()
 cmake_path(APPEND ovxid_pc_libdir "\${prefix}" "${CMAKE_INSTALL_LIBDIR}")
 cmake_path(APPEND ovxid_pc_includedir "\${prefix}" "${CMAKE_INSTALL_INCLUDEDIR}")
 configure_file(cmake/ovxid.pc.in ovxid.pc @ONLY)
