@@ -7,6 +7,7 @@
 #include <sys/utsname.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdarg>
 #include <cstring>
@@ -36,11 +37,16 @@ extern "C" int socket(int domain, int type, int protocol) noexcept {
 }
 
 extern "C" ssize_t read(int descriptor, void* buffer, size_t size) {
+  if (kernel.interruptions > 0) {
+    --kernel.interruptions;
+    errno = EINTR;
+    return -1;
+  }
   if (kernel.readsLeft && (*kernel.readsLeft)-- <= 0) {
     errno = EIO;
     return -1;
   }
-  return syscall(SYS_read, descriptor, buffer, size);
+  return syscall(SYS_read, descriptor, buffer, std::min(size, kernel.mostBytes));
 }
 
 extern "C" int close(int descriptor) {

@@ -2,6 +2,8 @@
 #define OVXID_TESTS_SIMULATION_KERNEL_H
 
 #include <array>
+#include <cstddef>
+#include <cstdint>
 #include <optional>
 #include <string>
 
@@ -18,6 +20,10 @@ struct Kernel {
   std::optional<unsigned long> failingRequest;
   // How many more times read(2) works before it fails, with EIO.
   std::optional<int> readsLeft;
+  // How many more times a signal interrupts read(2) before it works.
+  int interruptions = 0;
+  // How many bytes read(2) gives at most.
+  std::size_t mostBytes = SIZE_MAX;
   // Whether close(2), while it works, changes errno, as it may.
   bool closeChangesErrno = false;
   // The domain, type and protocol of the last socket.

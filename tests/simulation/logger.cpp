@@ -1,5 +1,7 @@
 #include "simulation/logger.h"
 
+#include <gtest/gtest-printers.h>
+
 bool operator==(const Message& left, const Message& right) {
   return left.level == right.level && left.text == right.text;
 }
@@ -14,9 +16,8 @@ Messages operator+(Messages left, const Messages& right) {
   return left;
 }
 
-// Brackets show the blanks at the end of a text.
 void PrintTo(const Message& message, std::ostream* out) {
-  *out << "\n  " << message.level << ": [" << message.text << "]";
+  *out << "\n  " << message.level << ": " << testing::PrintToString(message.text);
 }
 
 Message debug(const std::string& text) { return {"debug", text}; }
