@@ -1,0 +1,76 @@
+#include "text/input_file.h"
+
+#include <fcntl.h>
+#include <gtest/gtest.h>
+
+#include <array>
+#include <string>
+
+#include "simulation/descriptors.h"
+#include "simulation/kernel.h"
+#include "text/memory_file.h"
+
+using ovxid::InputFile;
+
+namespace {
+
+class InputFileTest : public testing::Test {
+ protected:
+  ~InputFileTest() override { kernel = {}; }
+
+  std::string readPart(const InputFile& file) {
+    const ssize_t count = file.read(mPart.data(), mPart.size());
+    return count < 0 ? "cannot be read"
+                     : std::string(mPart.data(), static_cast<std::size_t>(count));
+  }
+
+  std::array<char, 4> mPart{};
+};
+
+TEST_F(InputFileTest, GivesItsBytesInPartsAndNothingAtItsEnd) {
+  const MemoryFile bytes(std::string_view("a\nb\0cd", 6));
+  const InputFile file(bytes.path().c_str());
+  EXPECT_TRUE(file.isOpen());
+  EXPECT_EQ(readPart(file), std::string("a\nb\0", 4));
+  EXPECT_EQ(readPart(file), "cd");
+  EXPECT_EQ(readPart(file), "");
+  EXPECT_EQ(readPart(file), "");
+}
+
+TEST_F(InputFileTest, IsNotOpenWhenItIsMissing) {
+  const InputFile file("/proc/self/fd/none");
+  EXPECT_FALSE(file.isOpen());
+}
+
+TEST_F(InputFileTest, CannotBeReadWhenItIsADirectory) {
+  const InputFile file("/");
+  EXPECT_TRUE(file.isOpen());
+  EXPECT_EQ(readPart(file), "cannot be read");
+}
+
+TEST_F(InputFileTest, IsReadOnWhenASignalInterruptsReading) {
+  const MemoryFile bytes("abcd");
+  const InputFile file(bytes.path().c_str());
+  kernel.interruptions = 3;
+  EXPECT_EQ(readPart(file), "abcd");
+  EXPECT_EQ(kernel.interruptions, 0);
+}
+
+TEST_F(InputFileTest, IsClosedWhenItGoesOutOfScope) {
+  const auto before = openDescriptors();
+  {
+    const InputFile file("/dev/null");
+    const InputFile missing("/proc/self/fd/none");
+    EXPECT_EQ(openDescriptors(), before + 1);
+  }
+  EXPECT_EQ(openDescriptors(), before);
+}
+
+TEST_F(InputFileTest, IsNotInheritedByAProgramThatIsLaunched) {
+  const int lowestFree = dup(STDIN_FILENO);
+  close(lowestFree);
+  const InputFile file("/dev/null");
+  EXPECT_EQ(fcntl(lowestFree, F_GETFD), FD_CLOEXEC);
+}
+
+}  // namespace
