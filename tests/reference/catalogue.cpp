@@ -5,7 +5,7 @@
 #include <sstream>
 #include <utility>
 
-#include "bench/board.h"
+#include "simulation/board.h"
 
 namespace reference {
 

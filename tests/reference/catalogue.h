@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "bench/logger.h"
+#include "simulation/logger.h"
 
 // What the library is to do, worked out by the streams of the standard library. The library reads
 // without streams, so a mistake in one of the two shows as a difference.

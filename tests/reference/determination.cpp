@@ -7,7 +7,7 @@
 #include <locale>
 #include <stdexcept>
 
-#include "bench/board.h"
+#include "simulation/board.h"
 
 namespace reference {
 

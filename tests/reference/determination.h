@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "bench/logger.h"
+#include "simulation/logger.h"
 
 namespace reference {
 
