@@ -9,6 +9,7 @@
   packages_check=(clang clang-format clang-tidy cppcheck shellcheck)
   packages_coverage=(gcovr)
   packages_bench=(libbenchmark-dev valgrind)
+  packages_fuzz=(libclang-rt-dev)
   packages_package=(build-essential debhelper dpkg-dev git lintian)
   packages_cross_amd64=(crossbuild-essential-amd64 liblog4cpp5v5:amd64)
   packages_cross_arm64=(crossbuild-essential-arm64 liblog4cpp5v5:arm64)
