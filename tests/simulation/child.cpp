@@ -1,6 +1,5 @@
 #include "simulation/child.h"
 
-#include <gtest/gtest.h>
 #include <sys/mman.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -99,9 +98,10 @@ bool operator==(const Outcome& left, const Outcome& right) {
   return left.status == right.status && left.out == right.out && left.err == right.err;
 }
 
+// Brackets show where a text ends, and whether with a newline.
 void PrintTo(const Outcome& outcome, std::ostream* out) {
-  *out << "\n  status: " << outcome.status << "\n  out: " << testing::PrintToString(outcome.out)
-       << "\n  err: " << testing::PrintToString(outcome.err);
+  *out << "\n  status: " << outcome.status << "\n  out: [" << outcome.out << "]\n  err: ["
+       << outcome.err << "]";
 }
 
 Outcome inChild(const std::function<int()>& call) {
