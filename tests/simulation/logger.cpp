@@ -1,7 +1,5 @@
 #include "simulation/logger.h"
 
-#include <gtest/gtest-printers.h>
-
 bool operator==(const Message& left, const Message& right) {
   return left.level == right.level && left.text == right.text;
 }
@@ -14,10 +12,6 @@ Messages operator+(Messages messages, const Message& next) {
 Messages operator+(Messages left, const Messages& right) {
   left.insert(left.end(), right.begin(), right.end());
   return left;
-}
-
-void PrintTo(const Message& message, std::ostream* out) {
-  *out << "\n  " << message.level << ": " << testing::PrintToString(message.text);
 }
 
 Message debug(const std::string& text) { return {"debug", text}; }

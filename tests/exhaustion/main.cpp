@@ -1,0 +1,130 @@
+// Lets memory run out on every road through the library. See usage() below.
+#include <algorithm>
+#include <charconv>
+#include <functional>
+#include <iostream>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "exhaustion/endurance.h"
+#include "exhaustion/launch.h"
+#include "exhaustion/sweep.h"
+
+namespace {
+
+struct Options {
+  bool names = false;
+  bool counts = false;
+  int calls = 1000000;
+  std::vector<std::string> chosen;
+};
+
+// A road, and what tells how many allocations it has.
+struct Check {
+  std::string name;
+  std::function<std::string()> run;
+};
+
+std::string text(const Allocations& allocations) {
+  return std::to_string(allocations.withoutLogger) + ", " + std::to_string(allocations.withLogger) +
+         " with a logger";
+}
+
+std::vector<Check> checks(int calls) {
+  std::vector<Check> checks;
+  for (const auto& roads : {catalogueRoads(), identityRoads(), parameterRoads()}) {
+    for (const Road& road : roads) {
+      checks.push_back({road.name, [road] { return text(sweep(road)); }});
+    }
+  }
+  checks.push_back({"program", [] { return std::to_string(sweepLaunch(false)); }});
+  checks.push_back({"shell", [] { return std::to_string(sweepLaunch(true)); }});
+  checks.push_back({"many_calls", [calls] {
+                      endureWithEmptyList(calls);
+                      return std::string();
+                    }});
+  checks.push_back({"many_parameters", [calls] {
+                      endureWithGrowingList(calls);
+                      return std::string();
+                    }});
+  return checks;
+}
+
+int usage() {
+  std::cerr
+      << "Usage: exhaustion [--names] [--counts] [--calls=NUMBER] [ROAD...]\n\n"
+         "Takes the named roads through the library, or all, and lets memory run out there.\n\n"
+         "  --names         print the names of the roads instead\n"
+         "  --counts        print how many allocations each road has\n"
+         "  --calls=NUMBER  how many calls are many (1000000)\n";
+  return 2;
+}
+
+bool read(std::string_view argument, Options& options) {
+  constexpr std::string_view calls = "--calls=";
+  if (argument == "--names") {
+    options.names = true;
+  } else if (argument == "--counts") {
+    options.counts = true;
+  } else if (argument.substr(0, calls.size()) == calls) {
+    const std::string_view number = argument.substr(calls.size());
+    const auto [end, error] = std::from_chars(number.begin(), number.end(), options.calls);
+    return error == std::errc() && end == number.end() && options.calls > 0;
+  } else {
+    options.chosen.emplace_back(argument);
+  }
+  return true;
+}
+
+bool pass(const Check& check, bool counts) {
+  try {
+    const std::string allocations = check.run();
+    std::cout << "pass  " << check.name << (counts ? "  " + allocations : "") << std::endl;
+    return true;
+  } catch (const std::exception& error) {
+    std::cout << "FAIL  " << check.name << ": " << error.what() << std::endl;
+    return false;
+  }
+}
+
+// The chosen ones, or all: false when there is none of a chosen name.
+bool choose(std::vector<Check>& checks, const std::vector<std::string>& names) {
+  std::vector<Check> chosen;
+  for (const std::string& name : names) {
+    const auto check = std::find_if(checks.begin(), checks.end(),
+                                    [&](const Check& each) { return each.name == name; });
+    if (check == checks.end()) {
+      return false;
+    }
+    chosen.push_back(*check);
+  }
+  if (!names.empty()) {
+    checks = chosen;
+  }
+  return true;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  Options options;
+  for (char** argument = argv + 1; argument != argv + argc; ++argument) {
+    if (!read(*argument, options)) {
+      return usage();
+    }
+  }
+  std::vector<Check> chosen = checks(options.calls);
+  if (!choose(chosen, options.chosen)) {
+    return usage();
+  }
+  int failures = 0;
+  for (const Check& check : chosen) {
+    if (options.names) {
+      std::cout << check.name << '\n';
+    } else {
+      failures += pass(check, options.counts) ? 0 : 1;
+    }
+  }
+  return failures == 0 ? 0 : 1;
+}

@@ -1,0 +1,16 @@
+#ifndef OVXID_TESTS_EXHAUSTION_SWEEP_H
+#define OVXID_TESTS_EXHAUSTION_SWEEP_H
+
+#include "exhaustion/roads.h"
+
+struct Allocations {
+  int withoutLogger;
+  int withLogger;
+};
+
+// Takes the road once for each of its allocations, with that one refused, and again with that one
+// and all behind it refused, without a logger and with one. Throws std::runtime_error when what is
+// left is not as it should be. Returns how many allocations there are.
+Allocations sweep(const Road& road);
+
+#endif
