@@ -8,6 +8,7 @@
 
 readonly parts=$PWD/build/board_parts
 readonly userland=(bash busybox)
+readonly simulation=(tests/simulation/{board,child,kernel,logger,world}.cpp)
 # What the card and the disk take, on the buses that machines have.
 readonly modules=(virtio_pci virtio_mmio virtio_net virtio_blk)
 
@@ -119,13 +120,13 @@ make_system() {
   front_end=$(built_package ovxid "$architecture")
   development=$(built_package libovxid-dev "$architecture")
   ! is_current "$system.cpio" "$library" "$front_end" "$development" \
-    tests/boards/{init,commands,program.cpp} || return 0
+    tests/boards/{init,commands,program.cpp} tests/exhaustion/* tests/simulation/* || return 0
   echo "system  $architecture"
   rm -rf "$system"
   mkdir -p "$system"
   unpack "$system/root" "$architecture" "$library" "$front_end" "${userland[@]}"
   unpack "$system/development" "$architecture" "$library" "$development"
-  compile_program "$system" "$architecture"
+  compile_programs "$system" "$architecture"
   rm -rf "$system"/root/usr/share "$system"/root/usr/lib/*/gconv
   mkdir -p "$system"/root/{proc,sys,dev,tmp,results}
   cp tests/boards/{init,commands} "$system/root"
@@ -145,15 +146,25 @@ unpack() {
   done <"$directory.files"
 }
 
-compile_program() {
+# compile SYSTEM ARCHITECTURE PROGRAM ARGUMENT...: makes a program of the system, linked against the
+# library of our packages.
+compile() {
   local root=$1/root development=$1/development triplet flags
   triplet=$(dpkg-architecture -a "$2" -qDEB_HOST_MULTIARCH)
   flags=$(PKG_CONFIG_LIBDIR=$development/usr/lib/$triplet/pkgconfig \
     PKG_CONFIG_SYSROOT_DIR=$development PKG_CONFIG_ALLOW_SYSTEM_CFLAGS=1 \
     PKG_CONFIG_ALLOW_SYSTEM_LIBS=1 pkg-config --cflags --libs ovxid)
   # shellcheck disable=SC2086  # The flags are words.
-  "$triplet-g++" -O2 -Wall -Wextra -Werror tests/boards/program.cpp -o "$root/usr/bin/program" \
+  "$triplet-g++" -O2 -Wall -Wextra -Werror "${@:4}" -o "$root/usr/bin/$3" \
     $flags -Wl,-rpath-link="$development/usr/lib/$triplet"
+}
+
+# On 32-bit machines the types choose the names of the C library's functions: the program that
+# stands in for some is compiled with the same types as the library that calls them.
+compile_programs() {
+  compile "$1" "$2" program tests/boards/program.cpp
+  compile "$1" "$2" exhaustion -D_FILE_OFFSET_BITS=64 -D_TIME_BITS=64 -I tests \
+    tests/exhaustion/*.cpp "${simulation[@]}"
 }
 
 # compose_tree NODE BASE TREE: the tree BASE with the board's node in it.
