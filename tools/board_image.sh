@@ -13,12 +13,13 @@ readonly simulation=(tests/simulation/{board,child,kernel,logger,world}.cpp)
 readonly modules=(virtio_pci virtio_mmio virtio_net virtio_blk)
 
 # resolve ARCHITECTURE PACKAGE...: the packages that installing these in an empty system takes, each
-# with its address, its file name and its hash. What this machine has installed plays no part.
+# with its address, its file name and its hash. What this machine has installed plays no part. Files
+# of ours among the packages are left out: they come from no index, so apt knows no hash for them.
 resolve() {
   apt-get -qq --yes --print-uris --option APT::Architecture="$1" --option APT::Architectures="$1" \
     --option APT::Install-Recommends=false --option Acquire::ForceHash=SHA256 \
     --option Dir::State::status="$parts/status" --option Dir::Cache="$parts/none" \
-    install "${@:2}" | sed -n "s/^'\(http[^']*\)' \([^ ]*\) [0-9]* /\1 \2 /p"
+    install "${@:2}" | sed -n "s/^'\([^']*\)' \([^ ]*\) [0-9]* \(SHA256:\)/\1 \2 \3/p"
 }
 
 # download LIST PATTERN ARCHITECTURE PACKAGE...: downloads what these packages take, as far as its
