@@ -1,9 +1,9 @@
-# Finds log4cpp, which brings no package file for CMake of its own.
+# Finds log4cpp, which has no package file for CMake.
 #
-# Log4cpp::Headers  the headers alone, for who only needs its types
+# Log4cpp::Headers  the headers alone, for code that uses only its types
 # Log4cpp::Log4cpp  the headers and the library
 find_path(Log4cpp_INCLUDE_DIR log4cpp/Priority.hh)
-# Debian's library for another architecture brings only the second name.
+# For a foreign architecture, Debian installs the library under the second name only.
 find_library(Log4cpp_LIBRARY NAMES log4cpp liblog4cpp.so.5 NAMES_PER_DIR)
 mark_as_advanced(Log4cpp_INCLUDE_DIR Log4cpp_LIBRARY)
 

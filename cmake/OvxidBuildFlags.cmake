@@ -1,4 +1,4 @@
-# How our own code is compiled and linked. None of it reaches those who link the library.
+# How our own code is compiled and linked. None of it applies to code that links the library.
 include_guard()
 
 get_property(ovxid_multi_config GLOBAL PROPERTY GENERATOR_IS_MULTI_CONFIG)
@@ -20,7 +20,8 @@ function(ovxid_build_flags target)
     target_compile_options(${target} PRIVATE ${ovxid_warnings} -Werror)
   endif()
   if(OVXID_SANITIZE)
-    # clang leaves the sanitizer's functions to the program, and fortified functions hide from it.
+    # Without -z,defs, because clang links the sanitizer's functions into programs only, and without
+    # fortified functions, because the sanitizer does not check their memory accesses.
     target_compile_options(${target} PRIVATE -fsanitize=${OVXID_SANITIZE} -fno-sanitize-recover=all)
     target_link_options(${target} PRIVATE -fsanitize=${OVXID_SANITIZE})
   else()

@@ -1,5 +1,4 @@
-# What a board runs is the component `runtime`; what compiling against the library takes beyond
-# that is `development`.
+# The component `runtime` has what boards need, `development` what compiling programs needs as well.
 include(CMakePackageConfigHelpers)
 
 set(ovxid_cmake_dir "${CMAKE_INSTALL_LIBDIR}/cmake/ovxid")
@@ -25,9 +24,9 @@ install(FILES
   cmake/FindLog4cpp.cmake
   DESTINATION "${ovxid_cmake_dir}" COMPONENT development)
 
-# ovxid.pc finds the prefix from its own place, so that the installed tree can be moved. Absolute folders
-# stay where they are, and so does /usr: pkg-config leaves out what compilers search anyway only when it
-# is written without "..", and -isystem /usr/include would hide the C library's headers.
+# ovxid.pc finds the prefix relative to itself, so that the installed tree can be moved. Below /usr it does
+# not: pkg-config omits /usr/include, as it should, but not when the path is written with "..", and
+# compilers that are given it as -isystem no longer find the headers of the C library.
 if(IS_ABSOLUTE "${CMAKE_INSTALL_LIBDIR}" OR CMAKE_INSTALL_PREFIX STREQUAL "/usr")
   set(ovxid_pc_prefix "${CMAKE_INSTALL_PREFIX}")
 else()

@@ -1,6 +1,5 @@
 # shellcheck shell=bash
-# The Debian packages that the project needs, by what they are needed for. Sourced by ./dev and the
-# scripts beside this one.
+# The Debian packages that the project needs, grouped by purpose. Sourced by other scripts.
 
 # shellcheck disable=SC2034  # Read by name, in install_packages.
 {
@@ -17,8 +16,7 @@
   packages_abi=(binutils pahole)
   packages_board=(qemu-system-arm qemu-system-x86 device-tree-compiler cpio kmod pkgconf)
   packages_install_test=(debootstrap debian-archive-keyring zstd)
-  # These are for the clean root of tests/packages: what programs are compiled with there, and what
-  # our packages bring along.
+  # In the clean root of tests/packages: what compiles programs there, and what our packages need.
   packages_consumer=(g++ make cmake pkgconf)
   packages_brought_along=(liblog4cpp5-dev)
 }
@@ -38,14 +36,14 @@ as_root() {
   fi
 }
 
-# add_architecture ARCHITECTURE: lets packages of it be installed beside this machine's own.
+# add_architecture ARCHITECTURE: allows its packages to be installed beside this machine's own.
 add_architecture() {
   if ! { dpkg --print-architecture; dpkg --print-foreign-architectures; } | grep -x "$1" >/dev/null; then
     as_root dpkg --add-architecture "$1"
   fi
 }
 
-# is_installed PACKAGE[:ARCHITECTURE]: this machine's architecture unless it is named.
+# is_installed PACKAGE[:ARCHITECTURE]: without an architecture, this machine's is meant.
 is_installed() {
   local architecture
   architecture=$(dpkg --print-architecture)
@@ -59,20 +57,19 @@ apt_get() {
     apt-get --quiet --option DPkg::Lock::Timeout=600 --option Acquire::Retries=3 "$@"
 }
 
-# An index that cannot be refreshed need not be one that the packages come from: what matters is
-# whether they can be installed.
+# A failed update is no reason to stop: the packages may come from an index that was not affected.
 refresh_and_install() {
   apt_get update || true
   apt_get install --yes --no-install-recommends "$@"
 }
 
-# What apt says when it is worth trying again: a mirror that is being updated serves indices and
-# packages that do not match for a moment, a network fails, another apt is running.
+# Messages of apt after which trying again may help: the mirror is being updated, so that its index and
+# its packages do not match, the network fails, or another apt is running.
 passing_failures='Hash Sum mismatch|unexpected size|404 +Not Found|Could not get lock'
 passing_failures+='|Temporary failure|Could not connect|Unable to connect|Connection (failed|timed out)'
 passing_failures+="|Failed getting release file|Couldn't download"
 
-# try_again COMMAND...: runs it up to four times, as long as apt says that it is worth it.
+# try_again COMMAND...: runs it up to four times, as long as it fails with one of these messages.
 try_again() {
   local attempt log
   log=$(mktemp)
@@ -83,20 +80,20 @@ try_again() {
     fi
     if ! grep -Eq "$passing_failures" "$log"; then
       rm "$log"
-      echo "apt failed; its last messages tell why" >&2
+      echo "apt failed; its messages above tell why" >&2
       return 1
     fi
     if [[ $attempt -lt 4 ]]; then
-      echo "apt failed for what may pass (attempt $attempt of 4); trying again in $((attempt * 10)) s" >&2
+      echo "apt failed (attempt $attempt of 4); trying again in $((attempt * 10)) s" >&2
       sleep $((attempt * 10))
     fi
   done
   rm "$log"
-  echo "apt failed four times, and its mirror or network stays as it is; try again later" >&2
+  echo "apt failed four times because of its mirror or the network; try again later" >&2
   return 1
 }
 
-# install_packages GROUP...: installs what is missing of these groups, and nothing when all is there.
+# install_packages GROUP...: installs the packages of these groups that are missing.
 install_packages() {
   local group package missing=()
   for group; do

@@ -2,19 +2,19 @@
 # What a board boots, made from Debian's packages and ours: a kernel, a system, and the device tree
 # of its machine with the board's node in it. Sourced by the script `board`.
 #
-# Initramfs archives may follow one another, so the parts of one are made apart: the system once for
-# an architecture, the modules once for a kernel, and the catalogue for the board. They are not
-# compressed, which boots fastest.
+# An initramfs may consist of several archives, so its parts are made separately: the system once for
+# each architecture, the modules once for each kernel, and the catalogue for each board. They are not
+# compressed, because that boots fastest.
 
 readonly parts=$PWD/build/board_parts
 readonly userland=(bash busybox)
 readonly simulation=(tests/simulation/{board,child,kernel,logger,world}.cpp)
-# What the card and the disk take, on the buses that machines have.
+# The drivers of the network card and the disk, and of the buses that machines have.
 readonly modules=(virtio_pci virtio_mmio virtio_net virtio_blk)
 
-# resolve ARCHITECTURE PACKAGE...: the packages that installing these in an empty system takes, each
-# with its address, its file name and its hash. What this machine has installed plays no part. Files
-# of ours among the packages are left out: they come from no index, so apt knows no hash for them.
+# resolve ARCHITECTURE PACKAGE...: prints the address, the file name and the hash of every package that
+# an empty system needs to install these; what is installed on this machine does not matter. Package
+# files of our own are not printed: apt knows the hash only of what is in an index.
 resolve() {
   apt-get -qq --yes --print-uris --option APT::Architecture="$1" --option APT::Architectures="$1" \
     --option APT::Install-Recommends=false --option Acquire::ForceHash=SHA256 \
@@ -22,8 +22,8 @@ resolve() {
     install "${@:2}" | sed -n "s/^'\([^']*\)' \([^ ]*\) [0-9]* \(SHA256:\)/\1 \2 \3/p"
 }
 
-# download LIST PATTERN ARCHITECTURE PACKAGE...: downloads what these packages take, as far as its
-# file names match and it is not there yet. What `resolve` told about it goes to LIST.
+# download LIST PATTERN ARCHITECTURE PACKAGE...: writes the lines of `resolve` whose file names match to
+# LIST, and downloads those files that are not there yet.
 download() {
   local address file hash
   resolve "${@:3}" | awk -v pattern="$2" '$2 ~ pattern' >"$1" && [[ -s $1 ]] || return
@@ -42,8 +42,7 @@ refresh_and_download() {
   download "$@"
 }
 
-# An index that is old, or that this machine does not have yet, is refreshed only when it turns out
-# that it does not do.
+# apt's index is refreshed only if the download fails: it may be old, or lack the architecture.
 fetch() {
   mkdir -p "$parts/none/archives/partial" "$parts/packages"
   : >"$parts/status"
@@ -53,7 +52,7 @@ fetch() {
   fi
 }
 
-# is_current TARGET SOURCE...
+# is_current TARGET SOURCE...: whether the target is newer than its sources and this script.
 is_current() {
   local source
   for source in "${@:2}" "${BASH_SOURCE[0]}"; do
@@ -61,13 +60,13 @@ is_current() {
   done
 }
 
-# archive DIRECTORY FILE: as the kernel unpacks it, all of it root's.
+# archive DIRECTORY FILE: packs the directory as an initramfs whose files belong to root.
 archive() {
   (cd "$1" && find . | LC_ALL=C sort | cpio --quiet --create --format=newc --owner=0:0) >"$2"
 }
 
-# make_kernel ARCHITECTURE PACKAGE: makes kernels/PACKAGE, of the kernel that the package stands
-# for: the image, its release, the device trees that come with it, and its modules.
+# make_kernel ARCHITECTURE PACKAGE: makes kernels/PACKAGE from the kernel that the package depends on:
+# the image, its release, the device trees that come with it, and its modules.
 make_kernel() {
   local architecture=$1 package=$2 kernel=$parts/kernels/$2 file release
   ! is_current "$kernel/release" || return 0
@@ -87,8 +86,8 @@ make_kernel() {
   echo "$release" >"$kernel/release"
 }
 
-# archive_modules KERNEL RELEASE: puts the modules and those they need into an archive, with their
-# order.
+# archive_modules KERNEL RELEASE: archives the modules and those they need, and a list of them in the
+# order in which they have to be loaded.
 archive_modules() {
   local kernel=$1 release=$2 module path
   mkdir -p "$kernel/root/modules"
@@ -168,7 +167,7 @@ compile_programs() {
     tests/exhaustion/*.cpp "${simulation[@]}"
 }
 
-# compose_tree NODE BASE TREE: the tree BASE with the board's node in it.
+# compose_tree NODE BASE TREE: makes TREE, which is the device tree BASE with the board's node added.
 compose_tree() {
   dtc -qq -I dtb -O dts "$2" >"$3.base"
   printf '/include/ "%s"\n/include/ "%s"\n' "$3.base" "$PWD/$1" >"$3.source"

@@ -2,7 +2,7 @@
 
 #include <iostream>
 
-// A program of a board that has no logging library at all.
+// A program for a board without a logging library.
 int main() {
   OvxIdentifier identifier(nullptr);
   identifier.loadParams();

@@ -2,7 +2,7 @@
 
 #include "qlog.h"
 
-// A program that leaves it to the library to bring the board's logging library.
+// A program that does not link the board's logging library: libovxid.so.1 loads it.
 int main() {
   cQlog log;
   OvxIdentifier identifier(&log);
