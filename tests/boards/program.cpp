@@ -1,4 +1,5 @@
-// A program of the board: what the front end does, through the class and with a logger of its own.
+// A program on the board. It does what the front end does, but it uses the class directly and has a
+// logger of its own.
 #include <OvxIdentifier.h>
 
 #include <cstdio>

@@ -3,7 +3,7 @@
 
 #include "simulation/logger.h"
 
-// What the construction of an identifier logs on a board without a catalogue file.
+// The messages of the constructor on a board without a catalogue file.
 inline Messages builtinCatalogueMessages() {
   return {debug("Creating OvxIdentifier..."),
           debug("Finding list of known identities..."),

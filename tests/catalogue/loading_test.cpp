@@ -20,7 +20,7 @@ Message rejected(const std::string& line) {
               "least two colon separated values)");
 }
 
-// The catalogue as a search of it shows: the names in their order.
+// The names of the catalogue in their order. A search that finds nothing logs all of them.
 std::vector<std::string> namesSearched(Board& board, OvxIdentifier& identifier) {
   board.kernelRelease("5.10.0-no such alias");
   const std::string beginning = "Searching known aliases of ";

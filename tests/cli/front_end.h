@@ -12,14 +12,14 @@
 
 using Arguments = std::vector<std::string>;
 
-// The front end as a user starts it, on a board of the test. Its kernel is the real one, which
-// calls its machine i686 when a 32-bit process asks. The front end asks as one, so that an x86_64
-// machine on which the tests run is not taken for the board.
+// Starts the real front end, on the board of the test. Only uname(2) tells it of the real machine.
+// Linux tells a 32-bit process that the machine is i686, so the front end is started like one:
+// otherwise it would take an x86_64 machine that runs the tests for a PC.
 class FrontEnd : public testing::Test {
  protected:
   Outcome ovxid(Arguments arguments);
 
-  // How the front end is started from now on. What these say adds up.
+  // These change how the front end is started. Later calls add to earlier ones.
   void outputTo(const char* path);
   void outputToClosedPipe();
   void outputClosed();

@@ -16,10 +16,11 @@
 
 namespace {
 
-// How often a file is opened while this lives.
+// Counts how often a file is opened while this object lives.
 class OpenCounter {
  public:
-  // Equal events in a row are merged, so its directory is watched too, to have another in between.
+  // The kernel merges equal events that follow each other. It is told to report on the directory
+  // too, so that an event of the directory stands between two events of the file.
   explicit OpenCounter(const std::string& path)
       : mQueue(inotify_init1(IN_NONBLOCK)), mFile(watch(path)) {
     watch(std::filesystem::path(path).parent_path());

@@ -5,7 +5,7 @@
 
 #include "simulation/board.h"
 
-// What a determination logs, in the order of its steps, and what the report tells of its outcome.
+// The messages of a determination, in the order of its steps, and those of the report after it.
 
 inline Messages missingNodeMessages() {
   return {debug("Attempting to find alias by DT"),
@@ -36,7 +36,7 @@ inline Messages report(Board& board, OvxIdentifier& identifier) {
   return board.messagesOf([&] { identifier.logFullId(log4cpp::Priority::INFO); });
 }
 
-// Each alias is followed by a blank.
+// `aliases` is the text of the report: a blank stands after each alias.
 inline Messages reportOf(const std::string& name, int number, const std::string& aliases) {
   return {info("Full identity: "), info("Real name: " + name),
           info("Hardware number: " + std::to_string(number)), info("Aliases: " + aliases)};

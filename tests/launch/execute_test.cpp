@@ -12,8 +12,8 @@
 
 namespace {
 
-// Launches in a child process whose environment is PATH and mEnvironment. A launch that fails
-// prints its result, its errno and the variables that the child has then.
+// Launches in a child process. Its environment is PATH and mEnvironment. When the launch fails, the
+// child prints the result, errno and its environment.
 class Launch : public testing::Test {
  protected:
   Outcome launch(std::vector<std::string> arguments, bool useShell) {

@@ -81,7 +81,8 @@ TEST(TryLog, HandsOverTheTextUpToItsFirstNulByte) {
             (Messages{debug("before")}));
 }
 
-// The logger receives a C string, so the text behind the NUL byte must not be there.
+// The logger receives a C string, so it sees neither the rest of the line nor the rest of the
+// message.
 TEST(Message, EndsAtTheNulByteOfAValueInIt) {
   Board board;
   OvxIdentifier identifier(board.logger());

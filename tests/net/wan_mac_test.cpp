@@ -18,9 +18,9 @@
 
 namespace {
 
-// An identifier whose list names the WAN interface.
 class WanMac : public testing::Test {
  protected:
+  // The parameters that are added to a list in which OVX_WAN is this interface.
   std::string addedFor(const std::string& interface) {
     OvxIdentifier identifier(nullptr);
     identifier.addParameter("OVX_WAN", interface);
@@ -56,7 +56,8 @@ INSTANTIATE_TEST_SUITE_P(Of, WanMacText,
 
 TEST_F(WanMac, OfTheLoopbackIsSixZeros) { EXPECT_EQ(addedFor("lo"), "OVX_WAN_ID=000000\n"); }
 
-// No interface can be given the broadcast address, so the kernel's answer is made up here.
+// Linux gives no interface the broadcast address, so this answer does not come from the real
+// kernel.
 TEST_F(WanMac, OfSixHighBytesHasTwentyFourDigits) {
   mBoard.kernelAnswersMac({0xff, 0xff, 0xff, 0xff, 0xff, 0xff});
   EXPECT_EQ(addedFor("lo"), "OVX_WAN_ID=ffffffffffffffffffffffff\n");

@@ -18,7 +18,7 @@ namespace {
 
 constexpr const char* someMac = "02:42:ac:11:00:02";
 
-// What the search appends to an empty list.
+// The parameters that the search adds to an empty list.
 std::string wanFound() {
   OvxIdentifier identifier(nullptr);
   identifier.search_wan();
@@ -121,7 +121,7 @@ Board& loopbackAddresses(Board& board, int count) {
   return board;
 }
 
-// 1024 bytes hold this many entries: 25 where an entry has 40 bytes.
+// The number of entries that 1024 bytes can hold. On 64-bit machines an entry has 40 bytes.
 constexpr int entriesExamined = 1024 / sizeof(ifreq);
 
 TEST(WanSearch, ExaminesTheLastEntryThatFitsTheBuffer) {

@@ -18,7 +18,7 @@ int walk(OvxIdentifier& identifier, std::string directory = nodePath) {
   return OvxDTParser::parse(&identifier, directory.data());
 }
 
-// The parameters as a set of lines: the order of files in a directory is the file system's.
+// The lines of the listing, sorted, because the order of files in a directory is not fixed.
 std::vector<std::string> linesOf(OvxIdentifier& identifier) {
   std::istringstream text(listing(identifier));
   std::vector<std::string> lines;
@@ -221,7 +221,7 @@ TEST(DeviceTreeWalk, KeepsItsTargetUntilTheNextWalk) {
 }
 
 TEST(DeviceTreeWalk, HasNoTargetBeforeTheFirstOne) {
-  // Run by a process of its own, since earlier tests may have walked in this one.
+  // A new process checks this, because an earlier test may have walked in this one.
   GTEST_FLAG_SET(death_test_style, "threadsafe");
   EXPECT_EXIT(std::exit(OvxDTParser::mOVxId == nullptr ? 0 : 1), testing::ExitedWithCode(0), "");
 }
@@ -265,7 +265,7 @@ TEST(DeviceTreeWalk, GivesAnEmptyValueForAPropertyThatMayNotBeRead) {
 }
 
 TEST(DeviceTreeWalk, ReachesEveryDepthWithTenDirectoriesOpen) {
-  // The walk asks the locale for upper case, which is when this counts.
+  // The walk asks the locale for the upper case of a name. At that moment the locale counts.
   static std::ptrdiff_t open = 0;
   struct Counting : std::ctype<char> {
     char do_toupper(char byte) const override {

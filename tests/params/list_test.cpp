@@ -7,7 +7,7 @@
 
 namespace {
 
-// Keeps what had been written at each flush.
+// Keeps a copy of the whole text at each flush.
 class FlushRecorder : public std::stringbuf {
  public:
   std::vector<std::string> flushed;

@@ -3,7 +3,7 @@
 
 #include <functional>
 
-// How often the call takes memory from the heap, in the library and in the test program.
+// The number of allocations during the call, by the library and by the test program together.
 int allocationsOf(const std::function<void()>& call);
 
 #endif

@@ -162,7 +162,7 @@ Messages Board::messagesOf(const std::function<void()>& call) {
 }
 
 void Board::ip(const std::string& command) {
-  // NOLINTNEXTLINE(cert-env33-c): a shell is a short way to run ip, and sees no one's input
+  // NOLINTNEXTLINE(cert-env33-c): the command comes from the tests only
   if (std::system(("ip " + command).c_str()) != 0) {
     throw std::runtime_error("cannot make the interface (package iproute2): ip " + command);
   }

@@ -10,9 +10,9 @@
 #include "simulation/logger.h"
 #include "simulation/world.h"
 
-// The board that the library finds itself on while this lives. A fresh one has no device-tree node,
-// no /proc/cpuinfo, no catalogue file, no interface but an unconfigured loopback, and the kernel
-// release 5.10.0 on the machine armv7l, so that nothing identifies it.
+// The board on which the library runs while this object lives. A new board cannot be identified. It
+// has no device-tree node, no /proc/cpuinfo and no catalogue file. Its only interface is a loopback
+// without an address. Its kernel release is 5.10.0 and its machine is armv7l.
 class Board {
  public:
   Board();
@@ -20,7 +20,7 @@ class Board {
   Board(const Board&) = delete;
   Board& operator=(const Board&) = delete;
 
-  // Files below the device-tree node; missing directories are made.
+  // Paths below the device-tree node. Missing directories are made.
   Board& property(const std::string& path, const std::string& bytes);
   Board& childNode(const std::string& path);
   Board& link(const std::string& path, const std::string& target);
@@ -37,7 +37,7 @@ class Board {
   Board& remove(const std::string& path);
   Board& permissions(const std::string& path, unsigned mode);
 
-  // Interfaces stand in the kernel's list in the order in which they are made here.
+  // The kernel lists the interfaces in the order of these calls.
   Board& interface(const std::string& name, const std::string& mac);
   Board& mac(const std::string& interface, const std::string& mac);
   Board& address(const std::string& interface, const std::string& address);
@@ -47,12 +47,13 @@ class Board {
   Board& requestFails(unsigned long request);
   Board& closeChangesErrno();
   Board& readFailsAfter(int reads);
-  // For addresses that no interface of this kernel can be given.
+  // For an address that Linux gives no interface.
   Board& kernelAnswersMac(const std::array<unsigned char, 6>& mac);
 
   cQlog* logger() { return &mLogger; }
-  // The messages so far, and those of one call alone.
+  // All messages so far.
   const Messages& messages() const { return mLogger.messages; }
+  // The messages of this call only.
   Messages messagesOf(const std::function<void()>& call);
 
  private:
@@ -68,7 +69,7 @@ constexpr const char* nodePath = "/proc/device-tree/orvanix";
 constexpr const char* cataloguePath = "/etc/known_ovx_ids";
 constexpr const char* cpuinfoPath = "/proc/cpuinfo";
 
-// A literal's bytes, the NUL bytes in it included.
+// All bytes of a literal, including its NUL bytes, but not the NUL byte that ends it.
 template <std::size_t Size>
 std::string bytes(const char (&literal)[Size]) {
   return {literal, Size - 1};

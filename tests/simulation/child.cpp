@@ -20,7 +20,7 @@ int require(int result, const char* what) {
   return result;
 }
 
-// A file in memory that stands in for a standard stream.
+// A file in memory that takes what is written to a standard stream.
 class Recording {
  public:
   Recording() : mDescriptor(require(memfd_create("recording", MFD_CLOEXEC), "memfd_create")) {}
@@ -46,7 +46,7 @@ class Recording {
   int mDescriptor;
 };
 
-// Lets a recording stand in for a standard stream for as long as this lives.
+// While this object lives, a recording takes what is written to a standard stream.
 class Redirection {
  public:
   Redirection(int descriptor, const Recording& recording)
@@ -71,7 +71,7 @@ int shellStatus(int status) {
   return WIFSIGNALED(status) ? 128 + WTERMSIG(status) : WEXITSTATUS(status);
 }
 
-// A replaced /proc holds no entry for a new process, and leak checkers look for their own.
+// A leak checker looks for its own process in /proc, and a replaced /proc has no new processes.
 void appearInReplacedProc() {
   const std::string process = std::to_string(getpid());
   if (std::filesystem::exists("/proc/.kept")) {
@@ -79,7 +79,7 @@ void appearInReplacedProc() {
   }
 }
 
-// No exception may carry the child into the tests that are its parent's to run.
+// An exception would leave this function, and the child would run the tests of its parent.
 int runChild(const std::function<int()>& call, const Recording& out, const Recording& err) {
   try {
     out.replace(STDOUT_FILENO);

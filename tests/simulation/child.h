@@ -6,9 +6,9 @@
 #include <string>
 #include <vector>
 
-// How a child process ended and what it wrote.
+// How a child process ended, and what it wrote.
 struct Outcome {
-  // The exit status, or 128 and the number of the signal that ended it, as the shell counts.
+  // The exit status. For a process that a signal ended, 128 plus the number of the signal.
   int status;
   std::string out;
   std::string err;
@@ -17,13 +17,14 @@ struct Outcome {
 bool operator==(const Outcome& left, const Outcome& right);
 void PrintTo(const Outcome& outcome, std::ostream* out);
 
-// Runs the call in a child process, which exits with its result.
+// Runs the call in a child process. The result of the call is its exit status.
 Outcome inChild(const std::function<int()>& call);
 
-// The arguments as a program receives them, ended by a null pointer, and valid as long as these.
+// Pointers to the arguments, and a null pointer after the last. They are valid as long as
+// `arguments`.
 std::vector<char*> pointers(std::vector<std::string>& arguments);
 
-// What the call writes to standard error.
+// The text that the call writes to standard error.
 std::string standardErrorOf(const std::function<void()>& call);
 
 #endif

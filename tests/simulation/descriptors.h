@@ -8,18 +8,18 @@
 #include <filesystem>
 #include <iterator>
 
-// How many descriptors this process has open, the one that counts them included.
+// The number of open descriptors. It includes the one that this function opens.
 inline std::ptrdiff_t openDescriptors() {
   const std::filesystem::directory_iterator descriptors("/proc/self/fd");
   return std::distance(begin(descriptors), end(descriptors));
 }
 
-// Lets this process open only so many more descriptors at a time, for as long as this lives.
+// While this object lives, the process can have only `count` more descriptors open.
 class FreeDescriptors {
  public:
   explicit FreeDescriptors(int count) {
     getrlimit(RLIMIT_NOFILE, &mBefore);
-    // A new descriptor must lie below the limit, and those that are open may lie anywhere.
+    // The limit is for the numbers of new descriptors, not for how many are open.
     int limit = 0;
     for (int free = 0; free < count; ++limit) {
       free += fcntl(limit, F_GETFD) < 0 ? 1 : 0;

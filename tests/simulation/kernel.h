@@ -7,31 +7,33 @@
 #include <optional>
 #include <string>
 
-// What the test program answers in the C library's place. Definitions of a program come before
-// those of its libraries, so the library under test calls these.
+// The test program defines some functions of the C library itself. The library under test calls
+// these, because the dynamic linker prefers the definitions of the program. They do what is said
+// here.
 struct Kernel {
   std::string release;
   std::string machine;
-  // Whether uname(2) fails, though it fills the structure.
+  // A failing uname(2) fills the structure all the same.
   bool unameFails = false;
-  // The errno with which socket(2) fails.
+  // When set, socket(2) fails with this errno.
   std::optional<int> socketError;
-  // The ioctl(2) request that fails, with EIO.
+  // When set, this request of ioctl(2) fails with EIO.
   std::optional<unsigned long> failingRequest;
-  // How many more times read(2) works before it fails, with EIO.
+  // When set, read(2) works this many more times, and then fails with EIO.
   std::optional<int> readsLeft;
   // How many more times a signal interrupts read(2) before it works.
   int interruptions = 0;
   // How many bytes read(2) gives at most.
   std::size_t mostBytes = SIZE_MAX;
-  // Whether close(2), while it works, changes errno, as it may.
+  // A successful close(2) may change errno, and does when this is set.
   bool closeChangesErrno = false;
-  // The domain, type and protocol of the last socket.
+  // The arguments of the last socket(2).
   std::array<int, 3> askedSocket{};
-  // What ioctl(2) was asked for last: the interface whose address, the bytes of a list.
+  // The interface whose address ioctl(2) was asked for last.
   std::string askedInterface;
+  // The size of the buffer for the last list of addresses.
   int askedBytes = 0;
-  // The hardware address of every interface.
+  // When set, every interface has this hardware address.
   std::optional<std::array<unsigned char, 6>> mac;
 };
 

@@ -5,7 +5,7 @@
 #include <locale>
 #include <string>
 
-// Makes the process's locale one that groups digits, "1.234", for as long as this lives.
+// While this object lives, the locale of the process writes a dot into long numbers: "1.234".
 class GroupingLocale {
  public:
   GroupingLocale() : mBefore(std::locale::global({std::locale::classic(), new Grouping})) {}
@@ -22,8 +22,8 @@ class GroupingLocale {
   std::locale mBefore;
 };
 
-// Makes the process's locale one in which the upper case of `from` is `to`, and every other byte is
-// its own upper case, for as long as this lives.
+// While this object lives, the locale of the process changes one byte only to upper case: `from`
+// becomes `to`.
 class UpperCaseLocale {
  public:
   UpperCaseLocale(char from, char to)

@@ -23,8 +23,8 @@ Message warn(const std::string& text);
 Message error(const std::string& text);
 Message fatal(const std::string& text);
 
-// The logger that the tests bring for the library: it keeps each message as it came, its format not
-// interpreted.
+// The logger of the tests. It keeps each message as the library passed it, and gives a '%' no
+// meaning.
 class cQlog {
  public:
   void debug(const char* format, ...);

@@ -45,9 +45,10 @@ int openDirectory(const char* path) {
   return descriptor;
 }
 
-// Without this, what a test mounts would appear in the system too. Only a mount point can be made
-// private, and in a chroot `/` is none. So this leaves the chroot for a moment: a process that
-// enters a mount namespace, its own one included, begins at the top of it.
+// Keeps the mounts of a test from appearing in the rest of the system. Only a mount point can be
+// made private, and in a chroot `/` is not one. So this leaves the chroot for a moment: setns(2)
+// moves the process to the top of a mount namespace, even of the one in which the process is
+// already.
 void makeMountsPrivate() {
   const int root = openDirectory("/");
   const int workingDirectory = openDirectory(".");
@@ -106,7 +107,7 @@ ReplacedDirectory::ReplacedDirectory(std::string path) : mPath(std::move(path)) 
   close(kept);
 }
 
-// NOLINTNEXTLINE(bugprone-exception-escape): the next test must not find this one's world
+// NOLINTNEXTLINE(bugprone-exception-escape): the next test must not see the changes of this one
 ReplacedDirectory::~ReplacedDirectory() {
   require(umount2(mPath.c_str(), MNT_DETACH) == 0, "give back " + mPath);
 }
@@ -130,7 +131,7 @@ DroppedPrivileges::DroppedPrivileges() {
   setCapabilities(data);
 }
 
-// NOLINTNEXTLINE(bugprone-exception-escape): a test must not go on without them
+// NOLINTNEXTLINE(bugprone-exception-escape): no test may run without these rights
 DroppedPrivileges::~DroppedPrivileges() {
   Capabilities data = capabilities();
   data[0].effective |= passPermissions;

@@ -3,24 +3,24 @@
 
 #include <string>
 
-// The parts of the system that a test may change without anyone else seeing it. Each function
-// throws std::system_error, naming what is missing, where the machine does not allow it.
+// Changes to the system that only the test sees. When the machine does not allow one, it throws a
+// std::system_error that says what is missing.
 
-// Replaces the network by one that has nothing but a loopback interface.
+// From now on the only network interface is a loopback without an address.
 void enterEmptyNetwork();
 
-// A directory of the system, replaced by an empty one for as long as this lives. What it held
-// stands in its subdirectory `.kept`. The first one gives the process mounts of its own; a user who
-// is not root becomes root of a user namespace then.
+// While this object lives, a directory of the system holds nothing but `.kept`, and that holds what
+// was in the directory before. The first object of a process gives the process its own mounts,
+// which needs root. Another user becomes root of a user namespace for it.
 class ReplacedDirectory {
  public:
   explicit ReplacedDirectory(std::string path);
-  // NOLINTNEXTLINE(bugprone-exception-escape): the next test must not find this one's world
+  // NOLINTNEXTLINE(bugprone-exception-escape): the next test must not see the changes of this one
   ~ReplacedDirectory();
   ReplacedDirectory(const ReplacedDirectory&) = delete;
   ReplacedDirectory& operator=(const ReplacedDirectory&) = delete;
 
-  // Makes one of the entries that the directory held appear in it.
+  // Bring entries of the directory back into it.
   void keep(const std::string& entry);
   void keepAllBut(const std::string& entry);
 
@@ -28,11 +28,11 @@ class ReplacedDirectory {
   std::string mPath;
 };
 
-// Takes away the right of root to pass over file permissions, for as long as this lives.
+// While this object lives, file permissions hold for root too.
 class DroppedPrivileges {
  public:
   DroppedPrivileges();
-  // NOLINTNEXTLINE(bugprone-exception-escape): a test must not go on without them
+  // NOLINTNEXTLINE(bugprone-exception-escape): no test may run without these rights
   ~DroppedPrivileges();
   DroppedPrivileges(const DroppedPrivileges&) = delete;
   DroppedPrivileges& operator=(const DroppedPrivileges&) = delete;
