@@ -209,6 +209,7 @@ TEST(CatalogueFile, ThatMayNotBeReadIsLikeAMissingOne) {
 TEST(CatalogueFile, ThatFindsNoFreeDescriptorIsLikeAMissingOne) {
   Board board;
   board.catalogue("Field Node:3\n");
+  const OvxIdentifier before(nullptr);
   const FreeDescriptors none(0);
   const OvxIdentifier identifier(board.logger());
   EXPECT_EQ(board.messages(), builtinCatalogueMessages());

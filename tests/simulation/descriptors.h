@@ -15,6 +15,8 @@ inline std::ptrdiff_t openDescriptors() {
 }
 
 // While this object lives, the process can have only `count` more descriptors open.
+// UndefinedBehaviorSanitizer opens descriptors when it first meets a type of objects. So a test
+// does the same without the limit first.
 class FreeDescriptors {
  public:
   explicit FreeDescriptors(int count) {
