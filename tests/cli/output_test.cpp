@@ -73,6 +73,11 @@ TEST_F(FrontEnd, FailsToRunAMissingProgramWith127ThoughItsMessagesMeetAFullDisk)
   EXPECT_EQ(ovxid({"run", "no-such-program"}), (Outcome{127, "", ""}));
 }
 
+TEST_F(FrontEnd, FailsToRunAMissingProgramWith127ThoughTheReaderOfItsMessagesWentAway) {
+  messagesToClosedPipe();
+  EXPECT_EQ(ovxid({"run", "no-such-program"}), (Outcome{127, "", ""}));
+}
+
 TEST_F(FrontEnd, FailsToRunAMissingShellWith127ThoughItsMessagesMeetAFullDisk) {
   shellIs("/nonexistent");
   messagesToFullDisk();
