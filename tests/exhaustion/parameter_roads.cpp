@@ -84,6 +84,14 @@ void network(Board& board) {
   board.labelledAddress(card, "192.0.2.1/24").kernelAnswersMac({255, 255, 255, 255, 255, 255});
 }
 
+// Properties in the node and in a child of it.
+void node(Board& board) {
+  board.property("a-property-of-some-length", bytes("a value of some length as well\0"));
+  board.property("child-node/a-property-of-several-parts", std::string(9000, 'v'));
+  board.property("wan", bytes("lo\0"));
+  board.property("name", bytes("orvanix\0"));
+}
+
 // Deeper than nftw(3) keeps directories open, so that it has to remember the rest of those that it
 // closes.
 void deepNode(Board& board) {
@@ -93,15 +101,12 @@ void deepNode(Board& board) {
     child += "child-node/";
     board.childNode(child);
   }
-  board.property("wan", bytes("lo\0"));
-  board.property("a-property-of-several-parts", std::string(9000, 'v'));
-  board.property("name", bytes("orvanix\0"));
 }
 
 void boardWithNode(Board& board) {
   knowBoards(board);
   network(board);
-  deepNode(board);
+  node(board);
   board.property("boardid", bytes("7\0"));
   board.property("description", bytes("a board that its device tree describes\0"));
 }
@@ -110,7 +115,7 @@ void boardWithNode(Board& board) {
 void pcWithNode(Board& board) {
   knowBoards(board);
   network(board);
-  deepNode(board);
+  node(board);
   board.machine("x86_64");
 }
 
@@ -158,7 +163,7 @@ std::vector<Road> parameterRoads() {
   const FailedWalk cardAndAddress{"done", cardAndAddressNext};
   return {
       {"parameter", "done", knowBoards, construct, add},
-      walking(outOfMemory, {"walk", "complete", boardWithNode, construct, walk}),
+      walking(outOfMemory, {"walk", "complete", deepNode, construct, walk}),
       walking(address,
               {"params_of_node", "done", boardWithNode, constructAndDetermine, parseParams}),
       walking(cardAndAddress,
