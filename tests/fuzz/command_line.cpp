@@ -26,19 +26,6 @@ Words wordsOf(const std::string& text) {
   return words;
 }
 
-Arguments read(const Words& words, std::vector<char*>& argv, Words& kept) {
-  kept = words;
-  kept.insert(kept.begin(), "ovxid");
-  argv = pointers(kept);
-  return readArguments(static_cast<int>(kept.size()), argv.data());
-}
-
-std::string helpOf(const std::string& command) {
-  std::vector<char*> argv;
-  Words kept;
-  return read(command.empty() ? Words{"--help"} : Words{command, "--help"}, argv, kept).help;
-}
-
 std::string nameOf(Command command) {
   const std::map<Command, std::string> names{{Command::list, "list"},
                                              {Command::name, "name"},
@@ -58,34 +45,43 @@ void expectSameCommand(const Arguments& arguments, const Request& reference) {
              arguments.launched[arguments.launchedCount] == nullptr, true);
 }
 
-std::string textFor(const Request& request) {
-  switch (request.kind) {
-    case Request::Kind::help:
-      return helpOf(request.command);
+// Its text says which help it is.
+void expectHelpOf(const std::string& command, const std::string& text) {
+  const std::string usage = "Usage: ovxid " + (command.empty() ? command : command + " ");
+  expectSame("whether it is the help of '" + command + "'",
+             text.find(usage + "[OPTIONS]") != std::string::npos, true);
+}
+
+void expectSameRequest(const Arguments& arguments, const Request& reference) {
+  switch (reference.kind) {
+    case Request::Kind::usageError:
+      expectSame("whether it is refused", false, true);
+      break;
     case Request::Kind::version:
-      return "ovxid " OVXID_VERSION "\n";
-    default:
-      return "";
+      expectSame<std::string>("version", arguments.help, "ovxid " OVXID_VERSION "\n");
+      break;
+    case Request::Kind::help:
+      expectHelpOf(reference.command, arguments.help);
+      break;
+    case Request::Kind::command:
+      expectSame<std::string>("text in place of a command", arguments.help, "");
+      expectSameCommand(arguments, reference);
+      break;
   }
 }
 
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  const Words words = wordsOf({data, data + size});
+  Words words = wordsOf({data, data + size});
   const Request reference = reference::readCommandLine(words);
-  const bool isRefused = reference.kind == Request::Kind::usageError;
-  std::vector<char*> argv;
-  Words kept;
+  words.insert(words.begin(), "ovxid");
+  std::vector<char*> argv = pointers(words);
   try {
-    const Arguments arguments = read(words, argv, kept);
-    expectSame("whether it is refused", false, isRefused);
-    expectSame("text to print", arguments.help, textFor(reference));
-    if (reference.kind == Request::Kind::command) {
-      expectSameCommand(arguments, reference);
-    }
+    expectSameRequest(readArguments(static_cast<int>(words.size()), argv.data()), reference);
   } catch (const UsageError& error) {
-    expectSame(std::string("whether it is refused (") + error.what() + ")", true, isRefused);
+    expectSame(std::string("whether it is refused: ") + error.what(), true,
+               reference.kind == Request::Kind::usageError);
   }
   return 0;
 }

@@ -112,8 +112,11 @@ TEST(FirstLine, IsKeptAsFarAsItCanBeRead) {
 }
 
 TEST(FirstLine, IsReadNoFurtherThanThePartThatEndsIt) {
-  const MemoryFile file("one\ntwo\n");
-  EXPECT_EQ(readFirstLine(file.path(), {1, 5}), "one");
+  const MemoryFile bytes("one\ntwo\n");
+  const InputFile file(bytes.path().c_str());
+  const LimitedReading limited({3, 5});
+  EXPECT_EQ(firstLine(file), "one");
+  EXPECT_EQ(kernel.readsLeft, 2);
 }
 
 class LinesOfLength : public testing::TestWithParam<std::size_t> {};

@@ -149,6 +149,14 @@ TEST(FirstNumber, IsReadWhenTheFileFailsBehindIt) {
   EXPECT_EQ(numberOfFile(file.path(), {1, 4}), 12);
 }
 
+TEST(FirstNumber, IsReadNoFurtherThanThePartThatEndsIt) {
+  const MemoryFile bytes("12 45678");
+  const InputFile file(bytes.path().c_str());
+  const LimitedReading limited({3, 4});
+  EXPECT_EQ(firstNumber(file), 12);
+  EXPECT_EQ(kernel.readsLeft, 2);
+}
+
 TEST(FirstNumber, IsReadOnWhenASignalInterruptsReading) {
   const MemoryFile file("12\n");
   kernel.interruptions = 2;
