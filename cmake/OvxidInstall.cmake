@@ -24,9 +24,9 @@ install(FILES
   cmake/FindLog4cpp.cmake
   DESTINATION "${ovxid_cmake_dir}" COMPONENT development)
 
-# ovxid.pc finds the prefix relative to itself, so that the installed tree can be moved. Below /usr it does
-# not: pkg-config omits /usr/include, as it should, but not when the path is written with "..", and
-# compilers that are given it as -isystem no longer find the headers of the C library.
+# ovxid.pc finds the prefix relative to itself, so that the installed tree can be moved, but not below
+# /usr: there pkg-config omits the include folder, which compilers search anyway, only if its path has
+# no "..", and compilers that are given it as -isystem do not find the C library's headers any more.
 if(IS_ABSOLUTE "${CMAKE_INSTALL_LIBDIR}" OR CMAKE_INSTALL_PREFIX STREQUAL "/usr")
   set(ovxid_pc_prefix "${CMAKE_INSTALL_PREFIX}")
 else()
