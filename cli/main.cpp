@@ -5,7 +5,9 @@
 
 #include "commands.h"
 
-int main(int argc, char** argv) {
+namespace {
+
+int performOrComplain(int argc, char** argv) {
   // Ignore SIGPIPE, so that a closed pipe becomes a write error that we can report.
   const SignalHandler inherited = std::signal(SIGPIPE, SIG_IGN);
   try {
@@ -16,6 +18,14 @@ int main(int argc, char** argv) {
   } catch (const IdentificationError& error) {
     complain("/proc/cpuinfo", error.what());
     return exit_status::notIdentified;
+  }
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  try {
+    return performOrComplain(argc, argv);
   } catch (const std::bad_alloc&) {
     // A text of fixed size, since nothing can be composed without memory.
     std::cerr << "ovxid: memory: Cannot allocate memory\n";
