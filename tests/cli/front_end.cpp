@@ -92,3 +92,10 @@ void FrontEnd::closedPipeIsIgnored() {
 void FrontEnd::onAPc() {
   mPreparations.emplace_back([] { require(personality(PER_LINUX), "be called by its own name"); });
 }
+
+void FrontEnd::refusesAllocation(int number) {
+  mPreparations.emplace_back([number] {
+    setenv("LD_PRELOAD", OVXID_SCARCE_MEMORY, 1);
+    setenv("OVXID_REFUSED", std::to_string(number).c_str(), 1);
+  });
+}

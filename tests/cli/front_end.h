@@ -30,6 +30,8 @@ class FrontEnd : public testing::Test {
   void bashIsNotExecutable();
   void closedPipeIsIgnored();
   void onAPc();
+  // The allocations are counted from 1. Which one was refused is told on standard error.
+  void refusesAllocation(int number);
 
   Board mBoard;
 
