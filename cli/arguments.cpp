@@ -156,7 +156,7 @@ Arguments readArguments(int argc, char** argv) {
   describe(app, arguments.verbose);
   try {
     app.parse(line.ownCount, argv);
-  } catch (const CLI::Success& request) {
+  } catch (const CLI::Success& request) {  // GCOVR_EXCL_BR_LINE: no other type is thrown
     std::ostringstream help;
     app.exit(request, help);
     arguments.help = help.str();

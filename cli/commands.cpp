@@ -44,7 +44,7 @@ int print(const std::string& text) { return written(std::cout << text); }
 
 bool determineIdentity(OvxIdentifier& board) try {
   return board.determineIdentity();
-} catch (const std::out_of_range&) {
+} catch (const std::out_of_range&) {  // GCOVR_EXCL_BR_LINE: no other type is thrown
   throw IdentificationError("the Hardware line ends at its colon");
 }
 
@@ -122,7 +122,7 @@ int perform(const Arguments& arguments, SignalHandler inherited) {
   }
   cQlog log;
   OvxIdentifier board(arguments.verbose ? &log : nullptr);
-  switch (arguments.command) {
+  switch (arguments.command) {  // GCOVR_EXCL_BR_LINE: every command has its case
     case Command::name:
       return name(board);
     case Command::number:
