@@ -38,7 +38,7 @@ class Catalogue {
 
 void load(benchmark::State& state) {
   const Catalogue catalogue(state.range(0));
-  for (auto _ : state) {
+  while (state.KeepRunning()) {
     std::optional<OvxIdentifier> identifier(std::in_place, nullptr);
     benchmark::DoNotOptimize(identifier);
     state.PauseTiming();
@@ -88,7 +88,7 @@ std::vector<HardwareIdentity> bareLoad() {
 
 void loadFloor(benchmark::State& state) {
   const Catalogue catalogue(state.range(0));
-  for (auto _ : state) {
+  while (state.KeepRunning()) {
     std::optional<std::vector<HardwareIdentity>> identities(bareLoad());
     benchmark::DoNotOptimize(identities);
     state.PauseTiming();

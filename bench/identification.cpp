@@ -10,7 +10,7 @@ namespace {
 
 void identify(benchmark::State& state) {
   const ReplacedDirectory etc("/etc");
-  for (auto _ : state) {
+  while (state.KeepRunning()) {
     OvxIdentifier identifier(nullptr);
     if (identifier.getHardwareNumber() != 64) {
       state.SkipWithError("this machine is no PC");
@@ -21,7 +21,7 @@ void identify(benchmark::State& state) {
 // The questions to the kernel alone: three files that are not there, and its name.
 void identifyFloor(benchmark::State& state) {
   const ReplacedDirectory etc("/etc");
-  for (auto _ : state) {
+  while (state.KeepRunning()) {
     benchmark::DoNotOptimize(open("/etc/known_ovx_ids", O_RDONLY));
     benchmark::DoNotOptimize(open("/proc/device-tree/orvanix/boardid", O_RDONLY));
     benchmark::DoNotOptimize(open("/proc/device-tree/orvanix/description", O_RDONLY));

@@ -27,7 +27,7 @@ void list(benchmark::State& state) {
   for (const ovx_param& parameter : parameters(state.range(0))) {
     identifier.addParameter(parameter.name, parameter.value);
   }
-  for (auto _ : state) {
+  while (state.KeepRunning()) {
     state.PauseTiming();
     std::ofstream file(path);
     state.ResumeTiming();
@@ -39,7 +39,7 @@ void list(benchmark::State& state) {
 void listFloor(benchmark::State& state) {
   const ReplacedDirectory mnt("/mnt");
   const std::vector<ovx_param> list = parameters(state.range(0));
-  for (auto _ : state) {
+  while (state.KeepRunning()) {
     state.PauseTiming();
     const int file = open(path, O_WRONLY | O_CREAT | O_TRUNC, 0666);
     state.ResumeTiming();

@@ -13,7 +13,7 @@ void run(benchmark::State& state, std::array<char*, 3> arguments) {
   posix_spawn_file_actions_t actions;
   posix_spawn_file_actions_init(&actions);
   posix_spawn_file_actions_addopen(&actions, 1, "/dev/null", 1 /* O_WRONLY */, 0);
-  for (auto _ : state) {
+  while (state.KeepRunning()) {
     pid_t child = 0;
     int status = 0;
     if (posix_spawn(&child, arguments[0], &actions, nullptr, arguments.data(), environ) != 0 ||

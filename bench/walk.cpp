@@ -38,7 +38,7 @@ class Node {
 void walk(benchmark::State& state) {
   Node node(state.range(0));
   const OvxIdentifier empty(nullptr);
-  for (auto _ : state) {
+  while (state.KeepRunning()) {
     state.PauseTiming();
     OvxIdentifier identifier = empty;
     state.ResumeTiming();
@@ -83,7 +83,7 @@ int bareVisit(const char* path, const struct stat* /*status*/, int type, FTW* po
 
 void walkFloor(benchmark::State& state) {
   Node node(state.range(0));
-  for (auto _ : state) {
+  while (state.KeepRunning()) {
     state.PauseTiming();
     std::vector<ovx_param> parameters;
     target = &parameters;
