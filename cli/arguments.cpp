@@ -142,6 +142,21 @@ void describe(CLI::App& app, bool& verbose) {
       ->formatter(std::make_shared<LaunchFormatter>("[--] [ARG...]"));
 }
 
+// Only for a command line that has options: the start of the front end takes 5 % longer with them.
+void readOptions(int argc, char** argv, Arguments& arguments) {
+  CLI::App app("Tells which board this is.", "ovxid");
+  describe(app, arguments.verbose);
+  try {
+    app.parse(argc, argv);
+  } catch (const CLI::Success& request) {  // GCOVR_EXCL_BR_LINE: no other type is thrown
+    std::ostringstream help;
+    app.exit(request, help);
+    arguments.help = help.str();
+  } catch (const CLI::ParseError& error) {
+    throw UsageError(error.what());
+  }
+}
+
 }  // namespace
 
 Arguments readArguments(int argc, char** argv) {
@@ -152,19 +167,11 @@ Arguments readArguments(int argc, char** argv) {
   arguments.launched = line.launched;
   arguments.launchedCount = static_cast<int>(argv + argc - line.launched);
 
-  CLI::App app("Tells which board this is.", "ovxid");
-  describe(app, arguments.verbose);
-  try {
-    app.parse(line.ownCount, argv);
-  } catch (const CLI::Success& request) {  // GCOVR_EXCL_BR_LINE: no other type is thrown
-    std::ostringstream help;
-    app.exit(request, help);
-    arguments.help = help.str();
-    return arguments;
-  } catch (const CLI::ParseError& error) {
-    throw UsageError(error.what());
+  char** const ownEnd = argv + line.ownCount;
+  if (std::any_of(std::min(argv + 1, ownEnd), ownEnd, isOption)) {
+    readOptions(line.ownCount, argv, arguments);
   }
-  if (arguments.command == Command::run && arguments.launchedCount == 0) {
+  if (arguments.help.empty() && arguments.command == Command::run && arguments.launchedCount == 0) {
     throw UsageError("PROGRAM is required");
   }
   return arguments;
