@@ -44,15 +44,16 @@ void appendBuiltin(Catalogue& catalogue, cQlog* logger) {
 }  // namespace ovxid
 
 void OvxIdentifier::findKnownIdentities() {
-  using namespace ovxid;
+  using ovxid::cataloguePath;
+  using ovxid::log;
   log(mLogger, Priority::DEBUG, {"Finding list of known identities..."});
-  if (const InputFile file(cataloguePath); file.isOpen()) {
+  if (const ovxid::InputFile file(cataloguePath); file.isOpen()) {
     log(mLogger, Priority::DEBUG,
         {"Opened file ", cataloguePath, ", now reading known hardware identites"});
-    appendFile(mKnownIdentities, file, mLogger);
+    ovxid::appendFile(mKnownIdentities, file, mLogger);
   } else {
     log(mLogger, Priority::WARN,
         {"No ", cataloguePath, ", using default known hardware identities"});
-    appendBuiltin(mKnownIdentities, mLogger);
+    ovxid::appendBuiltin(mKnownIdentities, mLogger);
   }
 }

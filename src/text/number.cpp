@@ -68,7 +68,10 @@ void NumberReader::append(std::int64_t digit) {
 
 std::optional<std::int32_t> readNumber(std::string_view text) {
   NumberReader number;
-  for (auto next = text.begin(); next != text.end() && number.take(*next); ++next) {
+  for (const char next : text) {
+    if (!number.take(next)) {
+      break;
+    }
   }
   if (!number.isInRange()) {
     return std::nullopt;
@@ -84,8 +87,9 @@ std::optional<std::int32_t> firstNumber(const InputFile& file) {
     if (count < 0 || (count == 0 && number.isBlank())) {
       return std::nullopt;
     }
-    const auto end = part.begin() + count;
-    const auto behind = std::find_if_not(part.begin(), end, [&](char c) { return number.take(c); });
+    const char* const end = part.data() + count;
+    const char* const behind =
+        std::find_if_not(part.data(), part.data() + count, [&](char c) { return number.take(c); });
     if (count == 0 || behind != end) {
       return number.nearest();
     }
