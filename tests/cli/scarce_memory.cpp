@@ -65,6 +65,7 @@ extern "C" void* realloc(void* block, std::size_t size) noexcept {
   return isRefusedToLibrary() ? nullptr : __libc_realloc(block, size);
 }
 
+// NOLINTNEXTLINE(misc-new-delete-overloads): the C++ library's operator delete frees its blocks
 void* operator new(std::size_t size) {
   void* const block = isRefused("refused: object\n") ? nullptr : __libc_malloc(size);
   if (block == nullptr) {
