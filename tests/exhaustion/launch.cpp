@@ -95,7 +95,8 @@ int launchWithRefusal(bool useShell, int number, heap::Shortage shortage) {
 bool isRefused(bool useShell, int number, heap::Shortage shortage) {
   const Outcome outcome = inChild([&] { return launchWithRefusal(useShell, number, shortage); });
   if (outcome.status != refused && outcome.status != notRefused) {
-    throw std::runtime_error("allocation " + std::to_string(number) + ": " + outcome.err);
+    throw std::runtime_error("allocation " + std::to_string(number) + ": status " +
+                             std::to_string(outcome.status) + ", " + outcome.err);
   }
   return outcome.status == refused;
 }
