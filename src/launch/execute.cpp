@@ -9,7 +9,8 @@ namespace ovxid {
 
 namespace {
 
-// What setenv refuses is passed over: a property of the device tree may have any name.
+// A parameter that setenv(3) refuses is left out: a device-tree property may have a name that no
+// variable can have.
 void exportParams(const std::vector<ovx_param>& params) {
   for (const ovx_param& param : params) {
     setenv(param.name.c_str(), param.value.c_str(), 1);
@@ -18,10 +19,11 @@ void exportParams(const std::vector<ovx_param>& params) {
 
 int executeShell(int argc, char** argv) {
   const char* const chosen = std::getenv("SHELL");
-  std::string shell = chosen == nullptr ? ovxDefaultShell : chosen;
-  std::vector<char*> arguments{shell.data()};
+  const char* const shell = chosen == nullptr ? ovxDefaultShell : chosen;
+  // NOLINTNEXTLINE(cppcoreguidelines-pro-type-const-cast): execvp(3) does not change the strings
+  std::vector<char*> arguments{const_cast<char*>(shell)};
   arguments.insert(arguments.end(), argv, argv + argc + 1);
-  return execvp(shell.c_str(), arguments.data());
+  return execvp(shell, arguments.data());
 }
 
 }  // namespace
