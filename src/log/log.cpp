@@ -50,7 +50,9 @@ void log(cQlog* logger, Priority::PriorityLevel level,
 }  // namespace ovxid
 
 void OvxIdentifier::tryLog(std::string message, Priority::PriorityLevel level) {
-  ovxid::log(mLogger, level, {message});
+  if (mLogger != nullptr) {
+    ovxid::handOver(*mLogger, level, message.c_str());
+  }
 }
 
 void OvxIdentifier::tryLog(std::string message) { tryLog(std::move(message), Priority::DEBUG); }
