@@ -46,9 +46,11 @@ bool LineReader::readMore() {
 }
 
 void LineReader::makeRoom() {
-  std::memmove(mBuffer.data(), mBuffer.data() + mBegin, mEnd - mBegin);
-  mEnd -= mBegin;
-  mBegin = 0;
+  if (mBegin > 0) {
+    std::memmove(mBuffer.data(), mBuffer.data() + mBegin, mEnd - mBegin);
+    mEnd -= mBegin;
+    mBegin = 0;
+  }
   if (mEnd == mBuffer.size()) {
     mBuffer.resize(std::max(2 * mBuffer.size(), smallestBuffer));
   }
