@@ -3,6 +3,7 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <memory>
+#include <sstream>
 #include <string_view>
 #include <utility>
 
@@ -45,8 +46,8 @@ const Command* findCommand(std::string_view word) {
 
 bool launches(Command command) { return command == Command::run || command == Command::shell; }
 
-// Words into which the parser would read too much: a value, as in "--verbose=true", or a second
-// word behind a second '-', as in "-v-help".
+// Words that CLI11 accepts although they are no options of ours: with a value, as in
+// "--verbose=true", or with a second option behind a second '-', as in "-v-help".
 bool isMisread(std::string_view word) {
   const bool hasSecondDash = word.find('-', 1) != std::string_view::npos;
   return isOption(word) &&
@@ -98,7 +99,7 @@ CommandLine divide(int argc, char** argv) {
   return {*command, static_cast<int>(operand - argv), mark ? operand + 1 : operand};
 }
 
-// Adds the program's words to the usage line: the parser does not know that they exist.
+// Adds the words of the launched program to the usage line, since CLI11 does not know of them.
 class LaunchFormatter : public CLI::Formatter {
  public:
   explicit LaunchFormatter(std::string operands) : mOperands(std::move(operands)) {}

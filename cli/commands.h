@@ -11,7 +11,7 @@ constexpr int done = 0;
 constexpr int notIdentified = 1;
 constexpr int usage = 2;
 constexpr int notWritten = 3;
-// Between those of the commands and those of a launched program, as env(1) and timeout(1) have it.
+// The status that env(1) and timeout(1) have for a failure of their own.
 constexpr int ownFailure = 125;
 constexpr int cannotRun = 126;
 constexpr int notFound = 127;
@@ -22,13 +22,13 @@ void complain(const std::string& what, const std::string& why);
 
 using SignalHandler = void (*)(int);
 
-// What the board's files say ended the search for its identity.
+// The search for the identity ended, because a file of the board is malformed.
 struct IdentificationError : std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
-// Carries the command out and returns the exit status. A launched program gets the handler of
-// SIGPIPE that this process inherited.
+// Carries out the command and returns the exit status. A launched program gets the `inherited`
+// handler of SIGPIPE.
 int perform(const Arguments& arguments, SignalHandler inherited);
 
 #endif

@@ -30,7 +30,7 @@ int main(int argc, char** argv) {
     // A text of fixed size, since nothing can be composed without memory.
     std::cerr << "ovxid: memory: Cannot allocate memory\n";
     return exit_status::ownFailure;
-    // GCOVR_EXCL_START: nothing is known to throw anything else
+    // GCOVR_EXCL_START: no input is known that leads here
   } catch (const std::exception& error) {
     complain("internal error", error.what());
     return exit_status::ownFailure;

@@ -11,9 +11,9 @@
  * @brief The logger of the board's closed logging library, libqlog.so.0, or of the program's own.
  *
  * The library calls the non-virtual methods debug, info, warn, error and fatal, each declared as
- * void debug(const char* format, ...), and refers to them weakly. A program that passes a logger
- * has to bring all five where the dynamic linker sees them: defined outside the class and not
- * hidden. A method that is missing then is a call of a null pointer.
+ * void debug(const char* format, ...), through weak references. A program that passes a logger must
+ * define all five so that the dynamic linker finds them: outside the class and with default
+ * visibility. A call of a missing method crashes, since its address is null.
  */
 class cQlog;
 struct FTW;
@@ -65,9 +65,13 @@ struct ovx_param {
  * catalogue of known identities, /etc/known_ovx_ids. Every path is fixed.
  *
  * Messages go to the logger that the constructor was given; search_wan() and add_wan_mac() alone
- * report their failures on standard error instead. The library throws nothing of its own;
- * std::bad_alloc may leave any member that builds strings, and determineIdentity() names the one
- * input that makes it throw.
+ * report their failures on standard error instead.
+ *
+ * The library throws no exceptions of its own, but those of the standard library pass through:
+ * std::out_of_range where determineIdentity() says so, and from every member std::bad_alloc, or
+ * std::length_error for a text that is longer than std::string allows. The identifier can be used
+ * again afterwards, and no name, value or list entry was cut. Only an assignment that throws leaves
+ * some fields of the one identifier and some of the other: assign again, or destroy it.
  *
  * An identifier is used by one thread at a time, and only one thread of a process may collect
  * parameters or launch a program. Copies share the logger and nothing else.
@@ -92,9 +96,10 @@ class __attribute__((visibility("default"))) OvxIdentifier {
    *
    * A determination is followed by logFullId(), at DEBUG after success and at ERROR after failure.
    *
-   * @return The name, every byte of it: one from the device tree usually ends in a NUL byte.
-   *         "Unknown" when the board is not recognised, or when its device tree has a "boardid" and
-   *         never gave a "description". Empty when the first line of the description is.
+   * @return The name, every byte of it: one from the device tree usually ends in a NUL byte, and is
+   *         empty when the first line of the description is. "Unknown" when the board is not
+   *         recognised, or when a "boardid" without a "description" identifies it and there was no
+   *         name before.
    * @throw std::out_of_range As determineIdentity() does.
    */
   std::string getHardwareName();
@@ -179,24 +184,25 @@ class __attribute__((visibility("default"))) OvxIdentifier {
    * @brief Appends the catalogue of known identities to what the identifier holds.
    *
    * The constructor calls this; a second call appends every identity a second time. The records
-   * come from the lines of /etc/known_ovx_ids that parseIdentityLine() accepts, in order; there are
-   * no comments. A built-in table replaces a file that cannot be opened, which is logged at WARN: 1
-   * "Tessaryn TQBLITE", 2 "Tessaryn TQB" and 3 "Orvanix Starter Kit". It does not replace a file
-   * that can be opened and holds no identity. A read error ends the catalogue quietly. Every other
-   * step is logged at DEBUG.
+   * come from the lines of /etc/known_ovx_ids that parseIdentityLine() accepts, in order. The file
+   * has no syntax for comments. When it cannot be opened, which is logged at WARN, a built-in table
+   * is used: 1 "Tessaryn TQBLITE", 2 "Tessaryn TQB" and 3 "Orvanix Starter Kit". The table is not
+   * used for a file that can be opened and has no identity. A read error ends the catalogue without
+   * a message. Every other step is logged at DEBUG.
    */
   void findKnownIdentities();
 
   /**
    * @brief Reads one line of the catalogue, "name:number[:alias]...".
    *
-   * Values are the runs of characters between colons, so leading, doubled and trailing colons count
-   * for nothing. They are not trimmed, but the number, which may have a sign, may stand behind
-   * white space, and what follows its digits is ignored. The catalogue itself is not touched.
+   * Values are separated by one or more colons; colons at the beginning or the end of the line are
+   * ignored. Values are not trimmed. Only the number may follow white space; it may have a sign,
+   * and what follows its digits is ignored. The catalogue itself is not changed.
    *
    * @param record Receives the name and the number; the aliases are appended to those it has. A
-   *        line of fewer than two values leaves it untouched, and one whose second value begins
-   * with no decimal number, or one outside the signed 32-bit range, replaces its name only.
+   *        line of fewer than two values changes nothing. A line whose second value does not begin
+   *        with a decimal number, or with one outside the signed 32-bit range, changes only the
+   *        name.
    * @param line The line without its newline.
    * @return True when the line was accepted, which is logged at DEBUG; a rejected line is logged at
    *         WARN.
@@ -216,7 +222,7 @@ class __attribute__((visibility("default"))) OvxIdentifier {
   /**
    * @brief Appends one parameter to the list, even if it has one of that name. Logs nothing.
    *
-   * @param name The name, stored as given: the prefix "OVX_" is the caller's business.
+   * @param name The name, stored as given: no prefix "OVX_" is added.
    * @param value The value, stored as given.
    */
   void addParameter(std::string name, std::string value);
@@ -270,9 +276,10 @@ class __attribute__((visibility("default"))) OvxIdentifier {
    * @param argv The arguments, with a null pointer at the end; not null. Without the shell, argv[0]
    *        is the program, looked up in PATH, and must not be null.
    * @param useShell True runs the shell that the variable SHELL names, or ovxDefaultShell when it
-   * is not set, with all of argv as its arguments. An exported parameter named SHELL counts.
+   *        is not set, with all of argv as its arguments. A parameter named SHELL is exported first
+   *        and so names the shell.
    * @return Only on failure: -1, with errno from execvp(3); EINVAL, before anything is exported,
-   * for a negative argc with the shell.
+   *         for a negative argc with the shell.
    */
   int execute(int argc, char** argv, bool useShell);
 

@@ -5,8 +5,8 @@
 
 namespace ovxid {
 
-// A board that is known without a catalogue file: its line, as a file would hold it, and the
-// message that tells of it.
+// A board of the built-in table: its line, written as in the catalogue file, and the message that
+// reports it.
 struct BuiltinIdentity {
   std::string_view line;
   std::string_view message;

@@ -33,7 +33,7 @@ void appendFile(Catalogue& catalogue, const InputFile& file, cQlog* logger) {
 
 void appendBuiltin(Catalogue& catalogue, cQlog* logger) {
   for (const BuiltinIdentity& known : builtinIdentities) {
-    // A line of a file has a message of its own, a built-in one has another.
+    // Without the logger, since the message for a line of the file does not apply here.
     appendLine(catalogue, known.line, nullptr);
     log(logger, Priority::DEBUG, {known.message});
   }

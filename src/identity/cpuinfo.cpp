@@ -11,7 +11,7 @@ namespace {
 
 constexpr std::string_view hardwareField = "Hardware";
 
-// The file is read no further than its first Hardware line.
+// Later lines are neither logged nor compared.
 std::optional<std::string> hardwareLine(const InputFile& cpuinfo, cQlog* logger) {
   LineReader lines(cpuinfo);
   while (const std::optional<std::string_view> line = lines.next()) {
@@ -58,8 +58,8 @@ Finding identifyByCpuinfo(Search& search) {
     return {};
   }
   log(search.logger, Priority::DEBUG, {"Found Hardware field..."});
-  // Without a colon, npos + 2 wraps around to 1; with nothing behind it, substr throws the
-  // std::out_of_range that callers know.
+  // Without a colon, npos + 2 wraps around to 1. When the colon is the last character, substr
+  // throws the std::out_of_range that the header documents.
   const std::string value = line->substr(line->find(':') + 2);
   log(search.logger, Priority::DEBUG, {"Found possisble alias: '", value, "'"});
   return identifyByValue(value, search);

@@ -36,8 +36,8 @@ void logUnopened(const char* path, cQlog* logger) {
 
 }  // namespace
 
-// A board that has the node is trusted: that "boardid" can be opened identifies it, whatever can be
-// read from there.
+// That "boardid" can be opened is enough to identify the board. So it is not checked whether the
+// number and the name can be read: what is missing stays as it was.
 Finding identifyByDeviceTree(Search& search) {
   log(search.logger, Priority::DEBUG, {"Attempting to find alias by DT"});
   Finding finding;

@@ -9,7 +9,7 @@
 namespace ovxid {
 
 inline bool hasAlias(const HardwareIdentity& identity, std::string_view candidate) {
-  // GCOVR_EXCL_BR_START: gcov counts a second copy of the loop, which is never used
+  // GCOVR_EXCL_BR_START: gcov also counts a copy of the loop that never runs
   return std::find(identity.aliases.begin(), identity.aliases.end(), candidate) !=
          identity.aliases.end();
   // GCOVR_EXCL_BR_STOP

@@ -9,15 +9,15 @@
 
 namespace ovxid {
 
-// What a source has to go by.
+// What a source searches in.
 struct Search {
   const std::vector<HardwareIdentity>& catalogue;
   cQlog* logger;
-  // What uname(2) said: none before a source asks, and none when it fails.
+  // The answer of uname(2): none before a source has asked, and none when uname(2) failed.
   std::optional<utsname> kernel;
 };
 
-// What a source found. The identifier keeps what it has where there is nothing here.
+// What a source found. Where it found nothing, the identifier keeps the value that it has.
 struct Finding {
   bool identified = false;
   std::optional<std::string> name;

@@ -1,9 +1,9 @@
 #ifndef OVXID_LOG_CQLOG_H
 #define OVXID_LOG_CQLOG_H
 
-// The board's logging library is closed and its header is not to be had, so this declares what the
-// identifier calls. The references are weak: a process that brings no logger loads the library all
-// the same.
+// The header of the board's closed logging library is not available, so this declares the methods
+// that the identifier calls. The references are weak, so that a process without a logger can load
+// this library.
 class cQlog {
  public:
   [[gnu::weak]] void debug(const char* format, ...);

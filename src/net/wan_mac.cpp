@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <cstdint>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -18,12 +19,12 @@ namespace {
 
 constexpr std::size_t macLength = 6;
 
-// A name that does not fit is not cut: the kernel may have an interface of the shorter name, and
-// its address would pass for that of the board.
+// A name that does not fit aborts the process. If it were cut, it could be the name of another
+// interface, whose address would then be taken for the board's.
 ifreq requestFor(const std::string& interface) {
   ifreq request{};
   const std::size_t length = std::strlen(interface.c_str());
-  // A process that aborts cannot write down which lines it reached.
+  // A process that aborts writes no coverage data.
   if (length >= sizeof request.ifr_name) {  // GCOVR_EXCL_BR_LINE
     std::abort();                           // GCOVR_EXCL_LINE
   }
@@ -31,15 +32,15 @@ ifreq requestFor(const std::string& interface) {
   return request;
 }
 
-// Bytes from 0x80 on come out sign-extended to 16 bits: programs match on this form.
+// Bytes of 0x80 and above are sign-extended to 16 bits: board programs expect this form.
 std::string macText(const sockaddr& address) {
   std::string text;
   for (std::size_t i = 0; i < macLength; ++i) {
     const auto byte = static_cast<signed char>(address.sa_data[i]);
     std::array<char, 4> digits{};
-    const std::to_chars_result written =
-        std::to_chars(digits.begin(), digits.end(), static_cast<std::uint16_t>(byte), 16);
-    text.append(digits.begin(), written.ptr);
+    const std::to_chars_result written = std::to_chars(digits.data(), digits.data() + digits.size(),
+                                                       static_cast<std::uint16_t>(byte), 16);
+    text.append(digits.data(), written.ptr);
   }
   return text;
 }
@@ -56,7 +57,8 @@ void OvxIdentifier::add_wan_mac() {
   if (wan == mParams.end()) {
     return;
   }
-  // A socket that could not be made fails in the request, whose message board programs expect.
+  // Not checked: without a socket the request fails, and gives the message that board programs
+  // expect.
   const ovxid::QuerySocket kernel;
   ifreq request = ovxid::requestFor(wan->value);
   if (ioctl(kernel.descriptor(), SIOCGIFHWADDR, &request) < 0) {

@@ -4,7 +4,7 @@
 // The names of the parameters.
 namespace ovxid::parameter {
 
-// A property of the device tree has this before its own name.
+// Stands before the name of a device-tree property.
 constexpr const char* prefix = "OVX_";
 
 constexpr const char* id = "OVX_ID";

@@ -7,8 +7,8 @@
 
 namespace ovxid {
 
-// A file that is open for reading, closed when it goes out of scope. Streams are not used: they
-// report a memory that is full as a file that is missing or at its end.
+// A file that is open for reading, closed when it goes out of scope. Not a stream, because
+// std::getline treats a lack of memory as the end of the file.
 class InputFile {
  public:
   explicit InputFile(const char* path);
