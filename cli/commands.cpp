@@ -44,8 +44,7 @@ int print(const std::string& text) { return written(std::cout << text); }
 
 bool determineIdentity(OvxIdentifier& board) try {
   return board.determineIdentity();
-} catch (
-    const std::out_of_range&) {  // GCOVR_EXCL_BR_LINE: other types pass by when memory runs out
+} catch (const std::out_of_range&) {  // GCOVR_EXCL_BR_LINE: only std::bad_alloc passes by
   throw IdentificationError("the Hardware line ends at its colon");
 }
 

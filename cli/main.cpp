@@ -26,7 +26,7 @@ int performOrComplain(int argc, char** argv) {
 int main(int argc, char** argv) {
   try {
     return performOrComplain(argc, argv);
-  } catch (const std::bad_alloc&) {
+  } catch (const std::bad_alloc&) {  // GCOVR_EXCL_BR_LINE: see below
     // A text of fixed size, since nothing can be composed without memory.
     std::cerr << "ovxid: memory: Cannot allocate memory\n";
     return exit_status::ownFailure;
