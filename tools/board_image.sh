@@ -3,7 +3,7 @@
 # of its machine with the board's node in it. Sourced by the script `board`.
 #
 # An initramfs may consist of several archives, so its parts are made separately: the system once for
-# each architecture, the modules once for each kernel, and the catalogue for each board. They are not
+# each architecture, the modules once for each kernel, and the rest for each board. They are not
 # compressed, because that boots fastest.
 
 readonly parts=$PWD/build/board_parts
@@ -120,16 +120,16 @@ make_system() {
   front_end=$(built_package ovxid "$architecture")
   development=$(built_package libovxid-dev "$architecture")
   ! is_current "$system.cpio" "$library" "$front_end" "$development" \
-    tests/boards/{init,commands,program.cpp} tests/exhaustion/* tests/simulation/* || return 0
+    tests/boards/{init,program.cpp} || return 0
   echo "system  $architecture"
   rm -rf "$system"
   mkdir -p "$system"
   unpack "$system/root" "$architecture" "$library" "$front_end" "${userland[@]}"
   unpack "$system/development" "$architecture" "$library" "$development"
-  compile_programs "$system" "$architecture"
+  compile "$architecture" "$system/root/usr/bin/program" tests/boards/program.cpp
   rm -rf "$system"/root/usr/share "$system"/root/usr/lib/*/gconv
   mkdir -p "$system"/root/{proc,sys,dev,tmp,results}
-  cp tests/boards/{init,commands} "$system/root"
+  cp tests/boards/init "$system/root"
   archive "$system/root" "$system.new"
   mv "$system.new" "$system.cpio"
 }
@@ -146,24 +146,28 @@ unpack() {
   done <"$directory.files"
 }
 
-# compile SYSTEM ARCHITECTURE PROGRAM ARGUMENT...: makes a program of the system, linked against the
-# library of our packages.
+# compile ARCHITECTURE PROGRAM ARGUMENT...: makes a program for a system that is made already, linked
+# against the library of our packages.
 compile() {
-  local root=$1/root development=$1/development triplet flags
-  triplet=$(dpkg-architecture -a "$2" -qDEB_HOST_MULTIARCH)
+  local development=$parts/systems/$1/development triplet flags
+  triplet=$(dpkg-architecture -a "$1" -qDEB_HOST_MULTIARCH)
   flags=$(PKG_CONFIG_LIBDIR=$development/usr/lib/$triplet/pkgconfig \
     PKG_CONFIG_SYSROOT_DIR=$development PKG_CONFIG_ALLOW_SYSTEM_CFLAGS=1 \
     PKG_CONFIG_ALLOW_SYSTEM_LIBS=1 pkg-config --cflags --libs ovxid)
   # shellcheck disable=SC2086  # The flags are words.
-  "$triplet-g++" -O2 -Wall -Wextra -Werror "${@:4}" -o "$root/usr/bin/$3" \
+  "$triplet-g++" -Wall -Wextra -Werror "${@:3}" -o "$2" \
     $flags -Wl,-rpath-link="$development/usr/lib/$triplet"
 }
 
-# On 32-bit machines the types choose the names of the C library's functions: the program that
-# stands in for some is compiled with the same types as the library that calls them.
-compile_programs() {
-  compile "$1" "$2" program tests/boards/program.cpp
-  compile "$1" "$2" exhaustion -D_FILE_OFFSET_BITS=64 -D_TIME_BITS=64 -I tests \
+# make_exhaustion ARCHITECTURE: makes exhaustion/ARCHITECTURE. On 32-bit machines the types choose the
+# names of the C library's functions: the program stands in for some, so it is compiled with the same
+# types as the library that calls them.
+make_exhaustion() {
+  local program=$parts/exhaustion/$1
+  ! is_current "$program" "$parts/systems/$1.cpio" tests/exhaustion/* tests/simulation/* || return 0
+  echo "program $1"
+  mkdir -p "$parts/exhaustion"
+  compile "$1" "$program" -D_FILE_OFFSET_BITS=64 -D_TIME_BITS=64 -I tests \
     tests/exhaustion/*.cpp "${simulation[@]}"
 }
 
