@@ -5,10 +5,9 @@
 {
   packages_build=(g++ cmake ninja-build liblog4cpp5-dev libcli11-dev)
   packages_test=(libgtest-dev libgmock-dev iproute2 pkgconf pahole binutils)
-  packages_check=(clang clang-format clang-tidy cppcheck shellcheck)
+  packages_check=(clang libclang-rt-dev clang-format clang-tidy cppcheck shellcheck)
   packages_coverage=(gcovr)
   packages_bench=(libbenchmark-dev valgrind)
-  packages_fuzz=(libclang-rt-dev)
   packages_package=(build-essential debhelper dpkg-dev git lintian)
   packages_cross_amd64=(crossbuild-essential-amd64 liblog4cpp5v5:amd64)
   packages_cross_arm64=(crossbuild-essential-arm64 liblog4cpp5v5:arm64)

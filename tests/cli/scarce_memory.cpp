@@ -8,7 +8,6 @@
 #include <new>
 #include <string_view>
 
-// NOLINTBEGIN(bugprone-reserved-identifier): the C library's own names
 extern "C" {
 void* __libc_malloc(std::size_t size);
 void* __libc_calloc(std::size_t count, std::size_t size);
@@ -80,4 +79,3 @@ extern "C" int __libc_start_main(Main* main, int argc, char** argv, void (*init)
   auto* const start = reinterpret_cast<Start*>(dlsym(RTLD_NEXT, "__libc_start_main"));
   return start(countedMain, argc, argv, init, fini, linkerFini, stackEnd);
 }
-// NOLINTEND(bugprone-reserved-identifier)

@@ -8,14 +8,12 @@
 #include <stdexcept>
 
 // The C library's heap under the names that it keeps for programs that bring their own malloc.
-// NOLINTBEGIN(bugprone-reserved-identifier)
 extern "C" {
 void* __libc_malloc(std::size_t size);
 void* __libc_calloc(std::size_t count, std::size_t size);
 void* __libc_realloc(void* block, std::size_t size);
 void __libc_free(void* block);
 }
-// NOLINTEND(bugprone-reserved-identifier)
 
 namespace {
 

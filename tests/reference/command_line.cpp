@@ -85,7 +85,7 @@ Kind kindOf(const std::string& command, const Options& options, const Words& lau
 Request readCommandLine(const Words& words) {
   const std::set<std::string> printing{"list", "name", "number"};
   const std::set<std::string> launching{"run", "shell"};
-  const Request usageError{Kind::usageError, "", false, {}};
+  Request usageError{Kind::usageError, "", false, {}};
   Options options;
   Word word = readOptions(words.begin(), words.end(), options);
   if (word == words.end()) {
