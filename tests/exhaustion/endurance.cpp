@@ -34,7 +34,15 @@ heap::Use useOf(const Params& params) {
   return use;
 }
 
-void endure(std::size_t expected, int calls) {
+}  // namespace
+
+void endure(int calls) {
+  // The board is not identified, so that every call takes every descriptor there is to take: those
+  // of all sources, of the walk and of the card.
+  Board board;
+  board.cpuinfo("Hardware\t: a board that nobody has ever heard of\n")
+      .property("wan", bytes("lo\0"))
+      .kernelAnswersMac({255, 255, 255, 255, 255, 255});
   OvxIdentifier identifier(nullptr);
   const std::ptrdiff_t descriptors = openDescriptors();
   const heap::Use before = heap::use();
@@ -43,25 +51,9 @@ void endure(std::size_t expected, int calls) {
   }
   const heap::Use after = heap::use();
   const heap::Use list = useOf(paramsOf(identifier));
-  require(paramsOf(identifier).size() == expected, "the list has another length");
+  require(paramsOf(identifier).size() == 2 * static_cast<std::size_t>(calls),
+          "the list has another length");
   require(openDescriptors() == descriptors, "a descriptor is left open");
   require(after.blocks == before.blocks + list.blocks && after.bytes == before.bytes + list.bytes,
           "more memory is taken than the list takes");
-}
-
-}  // namespace
-
-void endureWithEmptyList(int calls) {
-  Board board;
-  board.cpuinfo("Hardware\t: a board that nobody has ever heard of\n");
-  endure(0, calls);
-}
-
-// The board is not identified, so that every call takes every descriptor there is to take: those of
-// all sources, of the walk and of the card.
-void endureWithGrowingList(int calls) {
-  Board board;
-  board.cpuinfo("Hardware\t: a board that nobody has ever heard of\n");
-  board.property("wan", bytes("lo\0")).kernelAnswersMac({255, 255, 255, 255, 255, 255});
-  endure(2 * static_cast<std::size_t>(calls), calls);
 }
