@@ -4,8 +4,10 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <iostream>
 #include <string>
 
+#include "simulation/child.h"
 #include "simulation/descriptors.h"
 #include "simulation/kernel.h"
 #include "text/memory_file.h"
@@ -64,6 +66,27 @@ TEST_F(InputFileTest, IsClosedWhenItGoesOutOfScope) {
     EXPECT_EQ(openDescriptors(), before + 1);
   }
   EXPECT_EQ(openDescriptors(), before);
+}
+
+TEST_F(InputFileTest, IsReadAsDescriptor0WhenStandardInputIsClosed) {
+  const MemoryFile bytes("abcd");
+  const Outcome outcome = inChild([&] {
+    close(STDIN_FILENO);
+    const InputFile file(bytes.path().c_str());
+    std::cout << (file.isOpen() ? readPart(file) : "not open");
+    return 0;
+  });
+  EXPECT_EQ(outcome, (Outcome{0, "abcd", ""}));
+}
+
+TEST_F(InputFileTest, LeavesDescriptor0ClosedWhenStandardInputIsClosed) {
+  const Outcome outcome = inChild([] {
+    close(STDIN_FILENO);
+    { const InputFile file("/dev/null"); }
+    std::cout << (fcntl(STDIN_FILENO, F_GETFD) < 0 ? "closed" : "open");
+    return 0;
+  });
+  EXPECT_EQ(outcome, (Outcome{0, "closed", ""}));
 }
 
 TEST_F(InputFileTest, IsNotInheritedByAProgramThatIsLaunched) {
