@@ -55,6 +55,7 @@ INSTANTIATE_TEST_SUITE_P(
                      "Field Node:7::fn1:::fn2",
                      {"Field Node", {"fn1", "fn2"}, 7},
                      "7(Field Node)"},
+        AcceptedLine{"WithItsNameAsAnAlias", "fn1:3:fn1:fn1", {"fn1", {"fn1", "fn1"}, 3}, "3(fn1)"},
         AcceptedLine{"WithTextAfterTheNumber",
                      "Field Node:7 mains",
                      {"Field Node", {}, 7},

@@ -70,11 +70,22 @@ TEST(Economy, CountsAllocationsInTheLibrary) {
   EXPECT_GT(allocationsOf([&] { identifier.findKnownIdentities(); }), 0);
 }
 
-TEST(Economy, ComposesNoMessageOfADeterminationWithoutALogger) {
+// Neither messages nor copies of what is compared.
+TEST(Economy, AllocatesNothingForAFailedDeterminationWithoutALogger) {
   Board board;
-  board.catalogue("Field Node:3:fn1\n").kernelRelease("5.10.0-fn2");
+  board.catalogue("Field Node:3:fn1\n").kernelRelease("5.10.0-longer_than_a_short_string");
   OvxIdentifier identifier(nullptr);
   EXPECT_EQ(allocationsOf([&] { identifier.determineIdentity(); }), 0);
+}
+
+TEST(Economy, ComposesNoRejectionOfALineWithoutALogger) {
+  Board board;
+  OvxIdentifier identifier(nullptr);
+  const auto load = [&](const std::string& line) {
+    board.catalogue(line);
+    return allocationsOf([&] { identifier.findKnownIdentities(); });
+  };
+  EXPECT_EQ(load("a line without a number that is too long for a short string\n"), load("x\n"));
 }
 
 TEST(Economy, ComposesNoReportWithoutALogger) {

@@ -3,6 +3,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "simulation/board.h"
 
 namespace {
@@ -52,6 +54,27 @@ TEST(SystemCalls, OfAnUnknownBoardReadCpuinfoToItsEnd) {
   board.cpuinfo("processor\t: 0\n");
   EXPECT_EQ(identification(), (Calls{openCatalogue, openBoardid, openDescription, "uname",
                                      openCpuinfo, "read", "read", "close"}));
+}
+
+TEST(SystemCalls, AfterAFailedUnameAskForTheNameNoMore) {
+  Board board;
+  board.unameFails();
+  const Calls calls = identification();
+  EXPECT_EQ(std::count(calls.begin(), calls.end(), "uname"), 1);
+}
+
+TEST(SystemCalls, OfACatalogueWithoutANewlineAtItsEndReadTheEndOnce) {
+  Board board;
+  board.catalogue("Field Node:3:fn1");
+  EXPECT_EQ(systemCallsOf([] { OvxIdentifier(nullptr); }),
+            (Calls{openCatalogue, "read", "read", "close"}));
+}
+
+TEST(SystemCalls, OfACatalogueOf64KilobytesReadItInOnePart) {
+  Board board;
+  board.catalogue(std::string(65535, 'x') + "\n");
+  EXPECT_EQ(systemCallsOf([] { OvxIdentifier(nullptr); }),
+            (Calls{openCatalogue, "read", "read", "close"}));
 }
 
 TEST(SystemCalls, OfAQueryAfterASuccessfulOneAreNone) {

@@ -9,6 +9,12 @@
 
 namespace {
 
+TEST(Cpuinfo, LineThatIsTheWordAloneCounts) {
+  Board board;
+  board.catalogue("Field Node:3:ardware\n").cpuinfo("Hardware\n");
+  EXPECT_EQ(OvxIdentifier(nullptr).getHardwareNumber(), 3);
+}
+
 TEST(Cpuinfo, ThatIsMissingIsAnErrorAndTheBoardUnknown) {
   Board board;
   OvxIdentifier identifier(board.logger());

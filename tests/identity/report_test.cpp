@@ -46,6 +46,14 @@ TEST(Report, OfAnUndeterminedBoardHasThreeMessages) {
                       debug("Hardware number: -1")}));
 }
 
+TEST(Report, EndsAtTheNulByteOfAnAlias) {
+  Board board;
+  board.catalogue(bytes("Field Node:3:a\0b:fn1\n")).kernelRelease("5.10.0-fn1");
+  OvxIdentifier identifier(board.logger());
+  identifier.determineIdentity();
+  EXPECT_EQ(report(board, identifier, Priority::INFO).back().text, "Aliases: a");
+}
+
 TEST(Report, AfterAFailedQueryIsThreeMessagesAtError) {
   Board board;
   OvxIdentifier identifier(board.logger());

@@ -246,6 +246,17 @@ TEST_F(Launch, OfAnEmptyShellFails) {
             "returned -1, errno " + std::to_string(ENOENT) + "\nPATH=/usr/bin:/bin\nSHELL=\n");
 }
 
+TEST_F(Launch, WithTheShellLooksAtShellEachTime) {
+  const Outcome outcome = inChild([&] {
+    std::vector<std::string> words{"-c", "echo run"};
+    setenv("SHELL", "/nonexistent", 1);
+    mIdentifier.execute(2, pointers(words).data(), true);
+    setenv("SHELL", "/bin/sh", 1);
+    return mIdentifier.execute(2, pointers(words).data(), true);
+  });
+  EXPECT_EQ(outcome, (Outcome{0, "run\n", ""}));
+}
+
 TEST_F(Launch, WithTheShellRefusesANegativeCountBeforeItExports) {
   mIdentifier.addParameter("OVX_ID", "3");
   EXPECT_EQ(launch(-1, {"-c", "true"}, true).out,

@@ -7,6 +7,7 @@
 #include <filesystem>
 #include <locale>
 #include <sstream>
+#include <stdexcept>
 
 #include "simulation/board.h"
 #include "simulation/descriptors.h"
@@ -330,6 +331,24 @@ TEST(DeviceTreeWalk, UpperCasesAsTheLocaleOfTheProcessDoesByThen) {
   EXPECT_EQ(listing(identifier), "OVX_a_b=1\n");
 }
 
+// An upper case that cannot be had.
+struct NoUpperCase : std::ctype<char> {
+  char do_toupper(char /*byte*/) const override { throw std::range_error("no upper case"); }
+};
+
+TEST(DeviceTreeWalk, EndsWithWhatItThrowsAndLeavesNoDirectoryOpen) {
+  Board board;
+  board.property("child/port", "1").property("wifi", "yes");
+  OvxIdentifier identifier(nullptr);
+  const auto before = openDescriptors();
+  const std::locale locale = std::locale::global({std::locale::classic(), new NoUpperCase});
+  EXPECT_THROW(walk(identifier), std::range_error);
+  std::locale::global(locale);
+  EXPECT_EQ(openDescriptors(), before);
+  EXPECT_EQ(listing(identifier), "");
+  EXPECT_EQ(walk(identifier), 0);
+}
+
 TEST(DeviceTreeWalk, PutsThePrefixAsItIsBeforeTheUpperCase) {
   Board board;
   board.property("V", "1");
@@ -403,10 +422,10 @@ TEST(WalkedEntry, IsNamedByThePathFromItsBaseOn) {
   board.property("child/wifi", "yes");
   OvxIdentifier identifier(nullptr);
   OvxDTParser::mOVxId = &identifier;
-  const std::string path = std::string(nodePath) + "/child/wifi";
-  FTW position{static_cast<int>(path.rfind('/')) + 1, 2};
-  EXPECT_EQ(OvxDTParser::ftw_cb(path.c_str(), nullptr, FTW_F, &position), 0);
-  EXPECT_EQ(listing(identifier), "OVX_WIFI=yes\n");
+  const std::string directory = std::string(nodePath) + "/";
+  FTW position{static_cast<int>(directory.size()), 2};
+  EXPECT_EQ(OvxDTParser::ftw_cb((directory + "child/wifi").c_str(), nullptr, FTW_F, &position), 0);
+  EXPECT_EQ(listing(identifier), "OVX_CHILD/WIFI=yes\n");
 }
 
 TEST(WalkedEntry, ThatIsGoneTakesNoValueOfTheEntryBefore) {
