@@ -5,7 +5,7 @@
 {
   packages_build=(g++ cmake ninja-build liblog4cpp5-dev libcli11-dev)
   packages_test=(libgtest-dev libgmock-dev iproute2 pkgconf pahole binutils)
-  packages_check=(clang libclang-rt-dev clang-format clang-tidy cppcheck shellcheck)
+  packages_check=(clang libclang-rt-dev clang-format clang-tidy cppcheck jq shellcheck)
   packages_coverage=(gcovr)
   packages_bench=(libbenchmark-dev valgrind)
   packages_package=(build-essential debhelper dpkg-dev git lintian)
