@@ -10,7 +10,7 @@ if(OVXID_BUILD_CLI)
   install(FILES cli/ovxid.1 DESTINATION "${CMAKE_INSTALL_MANDIR}/man1" COMPONENT runtime)
 endif()
 
-install(FILES include/OvxIdentifier.h
+install(DIRECTORY include/
   DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}" COMPONENT development)
 
 configure_package_config_file(cmake/ovxid-config.cmake.in ovxid-config.cmake
