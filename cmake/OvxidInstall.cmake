@@ -8,6 +8,8 @@ install(TARGETS ovxid EXPORT ovxid
 if(OVXID_BUILD_CLI)
   install(TARGETS ovxid_cli RUNTIME COMPONENT runtime)
   install(FILES cli/ovxid.1 DESTINATION "${CMAKE_INSTALL_MANDIR}/man1" COMPONENT runtime)
+  install(FILES cli/formats/ovxid.schema.json
+    DESTINATION "${CMAKE_INSTALL_DATADIR}/ovxid" COMPONENT runtime)
 endif()
 
 install(DIRECTORY include/

@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <csignal>
+
 #include "cli/front_end.h"
 
 namespace {
@@ -33,9 +35,40 @@ TEST_F(FrontEnd, LetsTheLibraryReportAMissingWanInterface) {
             (Outcome{0, bytes("OVX_WAN=eth7\0\n"), "ioctl(wan_mac): No such device\n"}));
 }
 
-TEST_F(FrontEnd, PrintsEveryByteOfTheName) {
-  mBoard.property("boardid", bytes("7\0")).property("description", bytes("Field Node\0"));
-  EXPECT_EQ(ovxid({"name"}), (Outcome{0, bytes("Field Node\0\n"), ""}));
+TEST_F(FrontEnd, PrintsTheNameUpToItsFirstNul) {
+  mBoard.property("boardid", bytes("7\0")).property("description", bytes("Field\0Node\0"));
+  EXPECT_EQ(ovxid({"name"}), (Outcome{0, "Field\n", ""}));
+}
+
+TEST_F(FrontEnd, GetsAParameterUpToItsFirstNul) {
+  mBoard.property("compatible", bytes("a,b\0c,d\0"));
+  EXPECT_EQ(ovxid({"get", "OVX_COMPATIBLE"}), (Outcome{0, "a,b\n", ""}));
+}
+
+TEST_F(FrontEnd, GetsTheLastOfEqualNames) {
+  mBoard.property("boardid", "7").property("description", "Field Node").property("id", "12");
+  EXPECT_EQ(ovxid({"get", "OVX_ID"}), (Outcome{0, "12\n", ""}));
+}
+
+TEST_F(FrontEnd, GetsAnEmptyParameter) {
+  mBoard.property("spare", "");
+  EXPECT_EQ(ovxid({"get", "OVX_SPARE"}), (Outcome{0, "\n", ""}));
+}
+
+TEST_F(FrontEnd, FailsToGetAParameterThatIsNotThere) {
+  mBoard.property("spare", "");
+  EXPECT_EQ(ovxid({"get", "OVX_SPAR"}),
+            (Outcome{1, "", "ovxid: OVX_SPAR: the board has no such parameter\n"}));
+  EXPECT_EQ(ovxid({"get", ""}), (Outcome{1, "", "ovxid: '': the board has no such parameter\n"}));
+}
+
+TEST_F(FrontEnd, TellsBeforeItAbortsThatTheNameOfTheInterfaceIsTooLong) {
+  mBoard.property("wan", "sixteen-letters-");
+  const Outcome outcome{128 + SIGABRT, "",
+                        "ovxid: OVX_WAN: the name of the interface has more than 15 bytes\n"};
+  EXPECT_EQ(ovxid({"list"}), outcome);
+  EXPECT_EQ(ovxid({"get", "OVX_WAN"}), outcome);
+  EXPECT_EQ(ovxid({"run", "true"}), outcome);
 }
 
 TEST_F(FrontEnd, PrintsTheNumber) {
@@ -79,13 +112,12 @@ TEST_P(Exception, OfTheHardwareLineIsOneClearLine) {
             (Outcome{1, "", "ovxid: /proc/cpuinfo: the Hardware line ends at its colon\n"}));
 }
 
-INSTANTIATE_TEST_SUITE_P(In, Exception,
-                         testing::Values(ExceptionCase{"NoCommand", {}},
-                                         ExceptionCase{"List", {"list"}},
-                                         ExceptionCase{"Name", {"name"}},
-                                         ExceptionCase{"Number", {"number"}},
-                                         ExceptionCase{"Run", {"run", "echo", "a"}},
-                                         ExceptionCase{"Shell", {"shell", "-c", "echo a"}}),
-                         [](const auto& test) { return test.param.name; });
+INSTANTIATE_TEST_SUITE_P(
+    In, Exception,
+    testing::Values(ExceptionCase{"NoCommand", {}}, ExceptionCase{"List", {"list"}},
+                    ExceptionCase{"Get", {"get", "OVX_ID"}}, ExceptionCase{"Name", {"name"}},
+                    ExceptionCase{"Number", {"number"}}, ExceptionCase{"Run", {"run", "echo", "a"}},
+                    ExceptionCase{"Shell", {"shell", "-c", "echo a"}}),
+    [](const auto& test) { return test.param.name; });
 
 }  // namespace

@@ -21,7 +21,7 @@ void require(int result, const char* what) {
 }
 
 void replaceByFile(int descriptor, const char* path) {
-  const int file = open(path, O_WRONLY | O_CLOEXEC);
+  const int file = open(path, O_WRONLY | O_CLOEXEC | O_NOCTTY);
   require(file, path);
   require(dup2(file, descriptor), path);
 }
@@ -62,8 +62,8 @@ void FrontEnd::outputClosed() {
   mPreparations.emplace_back([] { close(STDOUT_FILENO); });
 }
 
-void FrontEnd::messagesToFullDisk() {
-  mPreparations.emplace_back([] { replaceByFile(STDERR_FILENO, "/dev/full"); });
+void FrontEnd::messagesTo(const std::string& path) {
+  mPreparations.emplace_back([path] { replaceByFile(STDERR_FILENO, path.c_str()); });
 }
 
 void FrontEnd::messagesToClosedPipe() {
@@ -91,6 +91,14 @@ void FrontEnd::closedPipeIsIgnored() {
 
 void FrontEnd::onAPc() {
   mPreparations.emplace_back([] { require(personality(PER_LINUX), "be called by its own name"); });
+}
+
+void FrontEnd::kernelIs(const std::string& release, const std::string& machine) {
+  mPreparations.emplace_back([release, machine] {
+    setenv("LD_PRELOAD", OVXID_OTHER_KERNEL, 1);
+    setenv("OVXID_RELEASE", release.c_str(), 1);
+    setenv("OVXID_MACHINE", machine.c_str(), 1);
+  });
 }
 
 void FrontEnd::refusesAllocation(int number) {

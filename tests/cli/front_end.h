@@ -23,13 +23,15 @@ class FrontEnd : public testing::Test {
   void outputTo(const char* path);
   void outputToClosedPipe();
   void outputClosed();
-  void messagesToFullDisk();
+  void messagesTo(const std::string& path);
   void messagesToClosedPipe();
   void pathIs(const char* path);
   void shellIs(const char* shell);
   void bashIsNotExecutable();
   void closedPipeIsIgnored();
   void onAPc();
+  // What uname(2) tells the front end and what it starts.
+  void kernelIs(const std::string& release, const std::string& machine);
   // The allocations are counted from 1. Which one was refused is told on standard error.
   void refusesAllocation(int number);
 

@@ -1,3 +1,5 @@
+#include <filesystem>
+
 #include "cli/front_end.h"
 
 namespace {
@@ -63,6 +65,17 @@ class Memory : public FrontEnd {
 }  // namespace
 
 TEST_F(Memory, RunsOutBeforeAListing) { runOut({"-v", "list"}); }
+
+TEST_F(Memory, RunsOutBeforeTheEnvironmentIsPrinted) { runOut({"list", "--format", "shell"}); }
+
+TEST_F(Memory, RunsOutBeforeAFileIsWrittenAndLeavesNothingBesideIt) {
+  mBoard.file("/proc/out/listing", "old\n");
+  runOut({"list", "--output", "/proc/out/listing"});
+  const std::filesystem::directory_iterator files("/proc/out");
+  EXPECT_EQ(std::distance(begin(files), end(files)), 1);
+}
+
+TEST_F(Memory, RunsOutBeforeAHelpText) { runOut({"help", "list"}); }
 
 TEST_F(Memory, RunsOutBeforeALaunch) { runOut({"run", "/nowhere/a-program-that-is-not-there"}); }
 

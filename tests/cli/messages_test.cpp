@@ -5,6 +5,7 @@
 #include <unistd.h>
 
 #include "cli/front_end.h"
+#include "cli/terminal.h"
 
 using testing::HasSubstr;
 
@@ -95,6 +96,20 @@ TEST_F(FrontEnd, SearchesOnceForTheNumberOfAnUnknownBoard) {
 TEST_F(FrontEnd, ShowsControlCharactersOfADiagnosticAsQuestionMarks) {
   EXPECT_EQ(ovxid({"run", "a\tb\x1b[0m\x7f\r"}),
             (Outcome{127, "", "ovxid: a?b?[0m??: No such file or directory\n"}));
+}
+
+TEST_F(FrontEnd, VerboseSendsNoControlCharactersToATerminal) {
+  mBoard.cpuinfo("Hardware\t: \x1b[31mFi\xc3\xa9ld\xff\xc2\x9b\n");
+  const Terminal terminal;
+  messagesTo(terminal.path());
+  EXPECT_EQ(ovxid({"-v", "name"}).out, "Unknown\n");
+  EXPECT_THAT(terminal.shown(),
+              HasSubstr("debug: Cpuinfo line: Hardware?: ?[31mFi\xc3\xa9ld??\r\n"));
+}
+
+TEST_F(FrontEnd, VerboseSendsEveryByteToAFile) {
+  mBoard.cpuinfo("Hardware\t: \x1b[31m\xff\n");
+  EXPECT_THAT(ovxid({"-v", "name"}).err, HasSubstr("Cpuinfo line: Hardware\t: \x1b[31m\xff\n"));
 }
 
 TEST_F(FrontEnd, VerboseInterpretsNoPercentSign) {

@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <csignal>
+
 #include "cli/front_end.h"
 
 namespace {
@@ -20,9 +22,16 @@ TEST_P(Output, ToAFullDiskIsAnError) {
             (Outcome{3, "", "ovxid: standard output: No space left on device\n"}));
 }
 
-TEST_P(Output, ToAClosedPipeIsAnError) {
+TEST_P(Output, ToAClosedPipeEndsQuietly) {
   mBoard.property("boardid", "7").property("description", "Field Node");
   outputToClosedPipe();
+  EXPECT_EQ(ovxid({GetParam().word}), (Outcome{128 + SIGPIPE, "", ""}));
+}
+
+TEST_P(Output, ToAClosedPipeThatIsIgnoredIsAnError) {
+  mBoard.property("boardid", "7").property("description", "Field Node");
+  outputToClosedPipe();
+  closedPipeIsIgnored();
   EXPECT_EQ(ovxid({GetParam().word}), (Outcome{3, "", "ovxid: standard output: Broken pipe\n"}));
 }
 
@@ -52,7 +61,7 @@ TEST_F(FrontEnd, NeedsNoOutputToListNothing) {
 
 TEST_F(FrontEnd, FailsWhenItsMessagesMeetAFullDisk) {
   mBoard.property("boardid", "7").property("description", "Field Node");
-  messagesToFullDisk();
+  messagesTo("/dev/full");
   EXPECT_EQ(ovxid({"-v", "name"}), (Outcome{3, "Field Node\n", ""}));
 }
 
@@ -69,7 +78,7 @@ TEST_F(FrontEnd, RunsTheProgramThoughTheReaderOfTheLibrarysMessagesWentAway) {
 }
 
 TEST_F(FrontEnd, FailsToRunAMissingProgramWith127ThoughItsMessagesMeetAFullDisk) {
-  messagesToFullDisk();
+  messagesTo("/dev/full");
   EXPECT_EQ(ovxid({"run", "no-such-program"}), (Outcome{127, "", ""}));
 }
 
@@ -80,7 +89,7 @@ TEST_F(FrontEnd, FailsToRunAMissingProgramWith127ThoughTheReaderOfItsMessagesWen
 
 TEST_F(FrontEnd, FailsToRunAMissingShellWith127ThoughItsMessagesMeetAFullDisk) {
   shellIs("/nonexistent");
-  messagesToFullDisk();
+  messagesTo("/dev/full");
   EXPECT_EQ(ovxid({"shell"}), (Outcome{127, "", ""}));
 }
 

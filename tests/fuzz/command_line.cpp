@@ -4,17 +4,21 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <map>
 #include <sstream>
 
-#include "../../cli/arguments.h"
+#include "cli/command_line.h"
+#include "cli/diagnostics.h"
 #include "fuzz/compare.h"
 #include "simulation/child.h"
 
-using Words = std::vector<std::string>;
+using ovxid::cli::Failure;
+using ovxid::cli::Invocation;
 using reference::Request;
 
 namespace {
+
+using Words = std::vector<std::string>;
+using Values = std::vector<std::pair<std::string, std::string>>;
 
 Words wordsOf(const std::string& text) {
   Words words;
@@ -26,47 +30,26 @@ Words wordsOf(const std::string& text) {
   return words;
 }
 
-std::string nameOf(Command command) {
-  const std::map<Command, std::string> names{{Command::list, "list"},
-                                             {Command::name, "name"},
-                                             {Command::number, "number"},
-                                             {Command::run, "run"},
-                                             {Command::shell, "shell"}};
-  return names.at(command);
+Values valuesOf(const Invocation& invocation) {
+  Values values;
+  for (const auto& [name, value] : invocation.options) {
+    values.emplace_back(name, value == nullptr ? "" : value);
+  }
+  return values;
 }
 
-void expectSameCommand(const Arguments& arguments, const Request& reference) {
-  expectSame("command", nameOf(arguments.command),
-             reference.command.empty() ? "list" : reference.command);
-  expectSame("whether it is verbose", arguments.verbose, reference.verbose);
-  const Words launched(arguments.launched, arguments.launched + arguments.launchedCount);
-  expectSame("launched words", launched, reference.launched);
-  expectSame("whether they end in a null pointer",
-             arguments.launched[arguments.launchedCount] == nullptr, true);
-}
-
-// Its text says which help it is.
-void expectHelpOf(const std::string& command, const std::string& text) {
-  const std::string usage = "Usage: ovxid " + (command.empty() ? command : command + " ");
-  expectSame("whether it is the help of '" + command + "'",
-             text.find(usage + "[OPTIONS]") != std::string::npos, true);
-}
-
-void expectSameRequest(const Arguments& arguments, const Request& reference) {
-  switch (reference.kind) {
-    case Request::Kind::usageError:
-      expectSame("whether it is refused", false, true);
-      break;
-    case Request::Kind::version:
-      expectSame<std::string>("version", arguments.help, "ovxid " OVXID_VERSION "\n");
-      break;
-    case Request::Kind::help:
-      expectHelpOf(reference.command, arguments.help);
-      break;
-    case Request::Kind::command:
-      expectSame<std::string>("text in place of a command", arguments.help, "");
-      expectSameCommand(arguments, reference);
-      break;
+void expectSameRequest(const Invocation& invocation, const Request& reference) {
+  expectSame("whether it is refused", false, reference.isUsageError);
+  expectSame<std::string>("command", invocation.command->name, reference.command);
+  if (reference.command != "help") {
+    expectSame("whether it is verbose", invocation.verbose, reference.verbose);
+  }
+  expectSame("options", valuesOf(invocation) == reference.options, true);
+  const Words operands(invocation.operands, invocation.operands + invocation.operandCount);
+  expectSame("operands", operands, reference.operands);
+  if (reference.command == "run" || reference.command == "shell") {
+    expectSame("whether the operands end in a null pointer",
+               invocation.operands[invocation.operandCount] == nullptr, true);
   }
 }
 
@@ -78,10 +61,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   words.insert(words.begin(), "ovxid");
   std::vector<char*> argv = pointers(words);
   try {
-    expectSameRequest(readArguments(static_cast<int>(words.size()), argv.data()), reference);
-  } catch (const UsageError& error) {
-    expectSame(std::string("whether it is refused: ") + error.what(), true,
-               reference.kind == Request::Kind::usageError);
+    const auto count = static_cast<int>(words.size());
+    expectSameRequest(ovxid::cli::readCommandLine(count, argv.data()), reference);
+  } catch (const Failure& failure) {
+    expectSame("whether it is refused: " + failure.subject() + ": " + failure.what(), true,
+               reference.isUsageError);
   }
   return 0;
 }

@@ -1,5 +1,6 @@
 #include "reference/command_line.h"
 
+#include <map>
 #include <set>
 
 namespace reference {
@@ -8,97 +9,150 @@ namespace {
 
 using Words = std::vector<std::string>;
 using Word = Words::const_iterator;
-using Kind = Request::Kind;
 
-// The options among the words, all in one.
-struct Options {
-  bool verbose = false;
-  bool help = false;
-  bool version = false;
-  bool unknown = false;
-  // Such as "-v-help" and "--help=", which are refused even beside a request for help.
-  bool malformed = false;
+// Whether each of the options has a value.
+using Known = std::map<std::string, bool>;
 
-  void read(const std::string& word);
-  void readLetters(const std::string& letters);
+struct UsageError {};
+
+// The request is complete, whatever follows.
+struct Complete {
+  Request request;
 };
 
-void Options::read(const std::string& word) {
-  malformed = malformed || word.find('=') != std::string::npos;
-  if (word == "--verbose") {
-    verbose = true;
-  } else if (word == "--help") {
-    help = true;
-  } else if (word == "--version") {
-    version = true;
-  } else if (word.rfind("--", 0) == 0) {
-    unknown = true;
+Request helpFor(const Words& operands) { return {false, "help", false, {}, operands}; }
+
+bool isOption(const std::string& word) { return word.size() > 1 && word[0] == '-'; }
+
+// A long option may be shortened as long as only one begins so.
+std::string fullName(const std::string& name, const Known& known) {
+  if (known.count(name) != 0) {
+    return name;
+  }
+  std::set<std::string> meant;
+  for (const auto& [full, hasValue] : known) {
+    if (full.rfind(name, 0) == 0) {
+      meant.insert(full);
+    }
+  }
+  return meant.size() == 1 ? *meant.begin() : throw UsageError();
+}
+
+std::string nameOf(char letter, const Known& known) {
+  const std::map<char, std::string> letters{{'v', "verbose"}, {'h', "help"}, {'V', "version"}};
+  const auto name = letters.find(letter);
+  return name != letters.end() && known.count(name->second) != 0 ? name->second
+                                                                 : throw UsageError();
+}
+
+void take(Request& request, const std::string& name, const std::string& value) {
+  if (name == "verbose") {
+    request.verbose = true;
+  } else if (name == "help") {
+    throw Complete{helpFor(request.command.empty() ? Words() : Words{request.command})};
+  } else if (name == "version") {
+    throw Complete{{false, "help", false, {{"version", ""}}, {}}};
   } else {
-    readLetters(word.substr(1));
+    request.options.emplace_back(name, value);
   }
 }
 
-// An unknown letter takes the rest of the word with it.
-void Options::readLetters(const std::string& letters) {
-  for (const char letter : letters.substr(0, letters.find_first_not_of("vh"))) {
-    (letter == 'v' ? verbose : help) = true;
-  }
-  unknown = unknown || letters.find_first_not_of("vh") != std::string::npos;
-  malformed = malformed || letters.find('-') != std::string::npos;
-}
-
-bool isOption(const std::string& word) { return word.size() > 1 && word[0] == '-' && word != "--"; }
-
-Word readOptions(Word word, Word end, Options& options) {
-  for (; word != end && isOption(*word); ++word) {
-    options.read(*word);
+// Returns the last word that it took.
+Word takeLongOption(Request& request, Word word, Word end, const Known& known) {
+  const auto equals = word->find('=');
+  const bool hasOwnValue = equals != std::string::npos;
+  const std::string name = fullName(word->substr(2, hasOwnValue ? equals - 2 : equals), known);
+  if (!known.at(name)) {
+    if (hasOwnValue) {
+      throw UsageError();
+    }
+    take(request, name, "");
+  } else if (hasOwnValue) {
+    take(request, name, word->substr(equals + 1));
+  } else if (word + 1 == end) {
+    throw UsageError();
+  } else {
+    take(request, name, *++word);
   }
   return word;
 }
 
-// To the shell belongs every word behind it, unless the first asks for help.
-Word readOptionsBehind(const std::string& command, Word word, Word end, Options& options) {
-  if (command == "shell" && (word == end || *word != "--help")) {
-    return word;
+Word takeOption(Request& request, Word word, Word end, const Known& known) {
+  if (word->rfind("--", 0) == 0) {
+    return takeLongOption(request, word, end, known);
   }
-  return readOptions(word, end, options);
+  for (const char letter : word->substr(1)) {
+    take(request, nameOf(letter, known), "");
+  }
+  return word;
 }
 
-Kind kindOf(const std::string& command, const Options& options, const Words& launched) {
-  if (options.malformed) {
-    return Kind::usageError;
+// Takes the options up to the first operand, or all of them if they may stand behind operands.
+// Returns what follows the options, without the mark that ends them.
+Words takeOptions(Request& request, Word word, Word end, const Known& known, bool everywhere) {
+  Words operands;
+  for (; word != end && *word != "--"; ++word) {
+    if (isOption(*word)) {
+      word = takeOption(request, word, end, known);
+    } else if (everywhere) {
+      operands.push_back(*word);
+    } else {
+      break;
+    }
   }
-  if (options.version) {
-    return Kind::version;
+  operands.insert(operands.end(), word != end && *word == "--" ? word + 1 : word, end);
+  return operands;
+}
+
+// To the shell belongs every word behind it, unless the first asks for help or ends the options.
+Words takeWordsOfShell(Words words) {
+  if (!words.empty() && words.front() == "--help") {
+    throw Complete{helpFor({"shell"})};
   }
-  if (options.help) {
-    return Kind::help;
+  if (!words.empty() && words.front() == "--") {
+    words.erase(words.begin());
   }
-  if (options.unknown || (command == "run" && launched.empty())) {
-    return Kind::usageError;
+  return words;
+}
+
+Request readWords(const Words& words) {
+  const Known general{{"verbose", false}, {"help", false}};
+  const Known version{{"verbose", false}, {"help", false}, {"version", false}};
+  const Known listing{{"verbose", false}, {"help", false}, {"format", true}, {"output", true}};
+  // How many operands each takes, at least and at most.
+  const std::size_t any = words.size();
+  const std::map<std::string, std::pair<std::size_t, std::size_t>> commands{
+      {"list", {0, 0}},  {"get", {1, 1}},     {"name", {0, 0}}, {"number", {0, 0}},
+      {"run", {1, any}}, {"shell", {0, any}}, {"help", {0, 1}}};
+  Request request{false, "", false, {}, {}};
+  const Words rest = takeOptions(request, words.begin(), words.end(), version, false);
+  request.command = rest.empty() ? "list" : rest.front();
+  const auto command = commands.find(request.command);
+  if (command == commands.end()) {
+    throw UsageError();
   }
-  return Kind::command;
+  const Words own(rest.empty() ? rest.end() : rest.begin() + 1, rest.end());
+  const Known& known = request.command == "list" ? listing : general;
+  request.operands = request.command == "shell" ? takeWordsOfShell(own)
+                                                : takeOptions(request, own.begin(), own.end(),
+                                                              known, request.command != "run");
+  const auto [least, most] = command->second;
+  if (request.operands.size() < least || request.operands.size() > most) {
+    throw UsageError();
+  }
+  return request;
 }
 
 }  // namespace
 
 Request readCommandLine(const Words& words) {
-  const std::set<std::string> printing{"list", "name", "number"};
-  const std::set<std::string> launching{"run", "shell"};
-  Request usageError{Kind::usageError, "", false, {}};
-  Options options;
-  Word word = readOptions(words.begin(), words.end(), options);
-  if (word == words.end()) {
-    return {kindOf("", options, {}), "", options.verbose, {}};
+  try {
+    return readWords(words);
+  } catch (const Complete& complete) {
+    return complete.request;
+  } catch (const UsageError&) {
+    return {};
   }
-  const std::string command = *word;
-  word = readOptionsBehind(command, word + 1, words.end(), options);
-  const bool isLast = word == words.end();
-  if (launching.count(command) == 0 && (printing.count(command) == 0 || !isLast)) {
-    return usageError;
-  }
-  const Words launched(!isLast && *word == "--" ? word + 1 : word, words.end());
-  return {kindOf(command, options, launched), command, options.verbose, launched};
 }
 
 }  // namespace reference

@@ -2,17 +2,20 @@
 #define OVXID_TESTS_REFERENCE_COMMAND_LINE_H
 
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace reference {
 
-// What a command line asks for, as the manual page of the front end has it.
+// What a command line asks for, as the manual page of the front end has it. A request for a help
+// text is one for the command help, and one for the version has an option of this name.
 struct Request {
-  enum class Kind { usageError, version, help, command } kind;
-  // The empty name stands for none.
+  bool isUsageError = true;
   std::string command;
-  bool verbose;
-  std::vector<std::string> launched;
+  bool verbose = false;
+  // Names and values.
+  std::vector<std::pair<std::string, std::string>> options;
+  std::vector<std::string> operands;
 };
 
 // The words do not have the name of the front end among them.

@@ -1,0 +1,54 @@
+#ifndef OVXID_CLI_COMMAND_H
+#define OVXID_CLI_COMMAND_H
+
+#include <string_view>
+#include <utility>
+#include <vector>
+
+namespace ovxid::cli {
+
+// An option: its words on the command line, the name of its argument if it has one, and its help.
+struct Option {
+  const char* name = nullptr;
+  char letter = '\0';
+  const char* argument = nullptr;
+  const char* summary = nullptr;
+};
+
+struct Invocation;
+
+// Where the words of the launched program begin.
+enum class Launches { nothing, firstOperand, everyWord };
+
+// A command: its row in the table tells all that the parser, the help and the completion need.
+struct Command {
+  const char* name;
+  const char* operands;
+  int leastOperands;
+  int mostOperands;
+  Launches launches;
+  const char* summary;
+  const char* example;
+  // Those that are not used have no name.
+  Option options[3];
+  int (*perform)(const Invocation&);
+};
+
+// What the command line asks for.
+struct Invocation {
+  const Command* command = nullptr;
+  bool verbose = false;
+  // Each option of the command that was given, with its argument.
+  std::vector<std::pair<std::string_view, const char*>> options;
+  // Ended by a null pointer.
+  int operandCount = 0;
+  char** operands = nullptr;
+
+  bool has(std::string_view option) const;
+  // The argument of the last option of this name, or the other one if there is none.
+  const char* option(std::string_view name, const char* otherwise) const;
+};
+
+}  // namespace ovxid::cli
+
+#endif

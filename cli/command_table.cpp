@@ -1,0 +1,111 @@
+#include "command_table.h"
+
+#include <algorithm>
+#include <climits>
+#include <iterator>
+
+#include "diagnostics.h"
+#include "suggestion.h"
+
+namespace ovxid::cli {
+
+// Each is defined in the file of its name in commands/.
+namespace command {
+using Perform = int(const Invocation&);
+Perform get, help, list, name, number, run, shell;
+}  // namespace command
+
+namespace {
+
+constexpr int any = INT_MAX;
+
+constexpr Option formatOption = {"format", '\0', "FORMAT", "Choose the format, plain if not given"};
+constexpr Option outputOption = {"output", '\0', "FILE",
+                                 "Write FILE instead of standard output, as a whole or not at all"};
+
+constexpr Command table[] = {
+    {"list",
+     "",
+     0,
+     0,
+     Launches::nothing,  //
+     "Print the board parameters",
+     "ovxid list --format json",  //
+     {formatOption, outputOption},
+     command::list},
+    {"get",
+     "NAME",
+     1,
+     1,
+     Launches::nothing,
+     "Print the value of one parameter; fail if there is none",
+     "wan=$(ovxid get OVX_WAN)",
+     {},
+     command::get},
+    {"name",
+     "",
+     0,
+     0,
+     Launches::nothing,
+     "Print the board's name; fail if the board is not identified",
+     "board=$(ovxid name)",
+     {},
+     command::name},
+    {"number",
+     "",
+     0,
+     0,
+     Launches::nothing,
+     "Print the board's number; fail if the board is not identified",
+     "test \"$(ovxid number)\" = 64 && echo this is a PC",
+     {},
+     command::number},
+    {"run",
+     "[--] PROGRAM [ARG...]",
+     1,
+     any,
+     Launches::firstOperand,
+     "Run a program with the board parameters set in its environment",
+     "ovxid run -- printenv OVX_ID",
+     {},
+     command::run},
+    {"shell",
+     "[--] [ARG...]",
+     0,
+     any,
+     Launches::everyWord,
+     "Run the user's shell with the board parameters set in its environment",
+     "ovxid shell -c 'echo $OVX_DESC'",
+     {},
+     command::shell},
+    {"help",
+     "[COMMAND]",
+     0,
+     1,
+     Launches::nothing,
+     "Print the help text of a command, or this one",
+     "ovxid help run",
+     {},
+     command::help},
+};
+
+}  // namespace
+
+const Command* CommandTable::begin() const { return std::begin(table); }
+const Command* CommandTable::end() const { return std::end(table); }
+
+const Command& commandNamed(std::string_view name) {
+  const auto* const found = std::find_if(commandTable.begin(), commandTable.end(),
+                                         [&](const Command& each) { return each.name == name; });
+  if (found == commandTable.end()) {
+    std::vector<std::string> known;
+    for (const Command& each : commandTable) {
+      known.emplace_back(each.name);
+    }
+    throw Failure(exit_status::usage, std::string(name),
+                  "no such command" + suggestion(name, known) + " (see 'ovxid --help')");
+  }
+  return *found;
+}
+
+}  // namespace ovxid::cli

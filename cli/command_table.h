@@ -1,0 +1,29 @@
+#ifndef OVXID_CLI_COMMAND_TABLE_H
+#define OVXID_CLI_COMMAND_TABLE_H
+
+#include <string_view>
+
+#include "command.h"
+
+namespace ovxid::cli {
+
+// The commands in the order in which the help shows them; the first is the one that needs no name.
+struct CommandTable {
+  const Command* begin() const;
+  const Command* end() const;
+};
+
+constexpr CommandTable commandTable;
+
+// Throws Failure if there is no command of this name.
+const Command& commandNamed(std::string_view name);
+
+// The options that stand before the command, and those that stand behind every command.
+constexpr Option verboseOption = {"verbose", 'v', nullptr,
+                                  "Print the library's messages on standard error"};
+constexpr Option helpOption = {"help", 'h', nullptr, "Print a help text and exit"};
+constexpr Option versionOption = {"version", 'V', nullptr, "Print the version and exit"};
+
+}  // namespace ovxid::cli
+
+#endif

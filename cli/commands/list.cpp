@@ -1,0 +1,24 @@
+#include "board.h"
+#include "command.h"
+#include "exit_status.h"
+#include "format.h"
+#include "output.h"
+
+namespace ovxid::cli::command {
+
+int list(const Invocation& invocation) {
+  const Format& format = formatNamed(invocation.option("format", "plain"));
+  const char* const file = invocation.option("output", nullptr);
+  Board board(invocation.verbose, format.needsMessages);
+  board.identify();
+  board.collect();
+  const std::string text = format.write(board);
+  if (file == nullptr) {
+    print(text);
+  } else {
+    replaceFile(file, text);
+  }
+  return exit_status::done.value;
+}
+
+}  // namespace ovxid::cli::command

@@ -1,0 +1,47 @@
+#include <algorithm>
+#include <iterator>
+#include <vector>
+
+#include "diagnostics.h"
+#include "format.h"
+#include "suggestion.h"
+
+namespace ovxid::cli {
+
+// Each is defined in the file of its name in formats/.
+namespace format {
+using Write = std::string(Board&);
+Write json, null, plain, prometheus, shell, systemd;
+}  // namespace format
+
+namespace {
+
+constexpr Format table[] = {
+    {"plain", "NAME=VALUE lines, the list byte for byte", false, format::plain},
+    {"json", "the identity, the list and the environment as one JSON object", true, format::json},
+    {"shell", "the environment as commands that a shell can eval", false, format::shell},
+    {"systemd", "the environment as a file for EnvironmentFile=", false, format::systemd},
+    {"null", "the environment as NAME=VALUE, each with a NUL byte behind it", false, format::null},
+    {"prometheus", "the identity and the environment as metrics", true, format::prometheus},
+};
+
+}  // namespace
+
+const Format* FormatTable::begin() const { return std::begin(table); }
+const Format* FormatTable::end() const { return std::end(table); }
+
+const Format& formatNamed(std::string_view name) {
+  const auto* const found = std::find_if(formatTable.begin(), formatTable.end(),
+                                         [&](const Format& each) { return each.name == name; });
+  if (found == formatTable.end()) {
+    std::vector<std::string> known;
+    for (const Format& each : formatTable) {
+      known.emplace_back(each.name);
+    }
+    throw Failure(exit_status::usage, std::string(name),
+                  "no such format" + suggestion(name, known) + " (see 'ovxid help list')");
+  }
+  return *found;
+}
+
+}  // namespace ovxid::cli

@@ -1,0 +1,113 @@
+#include <ovxid/parameters.h>
+
+#include <nlohmann/json.hpp>
+
+#include "account.h"
+#include "catalogue.h"
+#include "format.h"
+#include "utf8.h"
+
+namespace ovxid::cli::format {
+
+namespace {
+
+using Json = nlohmann::ordered_json;
+
+std::string hexadecimal(std::string_view bytes) {
+  constexpr char digits[] = "0123456789abcdef";
+  std::string text;
+  for (const char byte : bytes) {
+    const auto value = static_cast<unsigned char>(byte);
+    text += {digits[value / 16], digits[value % 16]};
+  }
+  return text;
+}
+
+std::string_view withoutLastNul(std::string_view value) {
+  return !value.empty() && value.back() == '\0' ? value.substr(0, value.size() - 1) : value;
+}
+
+// Gives the object the text, or its bytes in hexadecimal where JSON cannot hold it as text.
+void setText(Json& object, const std::string& key, const std::string& text) {
+  if (isUtf8(text)) {
+    object[key] = text;
+  } else {
+    object[key + "_hex"] = hexadecimal(text);
+  }
+}
+
+// The strings of a list such as `compatible`. A single string is no list.
+Json strings(std::string_view value) {
+  Json list = Json::array();
+  while (!value.empty()) {
+    const auto end = value.find('\0');
+    if (end == 0 || end == std::string_view::npos) {
+      return Json::array();
+    }
+    list.push_back(value.substr(0, end));
+    value.remove_prefix(end + 1);
+  }
+  return list.size() > 1 ? list : Json::array();
+}
+
+Json toJson(const ovx_param& parameter) {
+  Json object;
+  setText(object, "name", parameter.name);
+  const std::string& value = parameter.value;
+  if (!isUtf8(value)) {
+    object["value_hex"] = hexadecimal(value);
+    return object;
+  }
+  const std::string_view text = withoutLastNul(value);
+  object["value"] = text;
+  if (Json list = strings(value); !list.empty()) {
+    object["strings"] = std::move(list);
+  }
+  if (text.size() != value.size()) {
+    object["value_hex"] = hexadecimal(value);
+  }
+  return object;
+}
+
+void setAliases(Json& object, Board& board) {
+  const Catalogue catalogue(board);
+  object["aliases"] = Json::array();
+  if (const CatalogueEntry* const chosen = catalogue.chosen(board)) {
+    for (const std::string& alias : chosen->identity.aliases) {
+      const bool isText = isUtf8(alias);
+      object[isText ? "aliases" : "aliases_hex"].push_back(isText ? alias : hexadecimal(alias));
+    }
+  }
+}
+
+void setEnvironment(Json& object, const std::vector<ovx_param>& variables) {
+  object["environment"] = Json::object();
+  for (const ovx_param& variable : variables) {
+    if (isUtf8(variable.name) && isUtf8(variable.value)) {
+      object["environment"][variable.name] = variable.value;
+    } else {
+      object["environment_hex"][hexadecimal(variable.name)] = hexadecimal(variable.value);
+    }
+  }
+}
+
+}  // namespace
+
+std::string json(Board& board) {
+  Json object;
+  object["identified"] = board.isIdentified();
+  setText(object, "name", board.name());
+  object["number"] = board.number();
+  const std::optional<Source> source = decidingSource(board);
+  object["source"] = source ? Json(nameOf(*source)) : Json();
+  setAliases(object, board);
+  const std::vector<ovx_param> list = parameters(board.identifier());
+  object["parameters"] = Json::array();
+  for (const ovx_param& parameter : list) {
+    object["parameters"].push_back(toJson(parameter));
+  }
+  setEnvironment(object, environment(list));
+  return object.dump(2) + "\n";
+}
+
+}  // namespace ovxid::cli::format

@@ -1,0 +1,54 @@
+#include <ovxid/parameters.h>
+
+#include "account.h"
+#include "format.h"
+#include "utf8.h"
+#include "visible.h"
+
+namespace ovxid::cli::format {
+
+namespace {
+
+std::string quoted(const std::string& value) {
+  std::string text = "\"";
+  for (const char byte : value) {
+    if (byte == '\n') {
+      text += "\\n";
+      continue;
+    }
+    if (byte == '"' || byte == '\\') {
+      text += '\\';
+    }
+    text += byte;
+  }
+  return text + "\"";
+}
+
+std::string metric(const std::string& name, const std::string& help) {
+  return "# HELP " + name + " " + help + "\n# TYPE " + name + " gauge\n";
+}
+
+std::string boardInfo(Board& board) {
+  const std::optional<Source> source = decidingSource(board);
+  return "ovxid_board_info{name=" + quoted(visible(board.name())) + ",number=\"" +
+         std::to_string(board.number()) + "\",source=\"" + (source ? nameOf(*source) : "") +
+         "\"} 1\n";
+}
+
+}  // namespace
+
+std::string prometheus(Board& board) {
+  std::string text = metric("ovxid_identified", "Whether the board is identified.") +
+                     "ovxid_identified " + (board.isIdentified() ? "1" : "0") + "\n" +
+                     metric("ovxid_board_info", "The identity of the board.") + boardInfo(board) +
+                     metric("ovxid_parameter_info", "The board parameters that are text.");
+  for (const ovx_param& variable : environment(parameters(board.identifier()))) {
+    if (isUtf8(variable.name) && isUtf8(variable.value)) {
+      text += "ovxid_parameter_info{name=" + quoted(variable.name) +
+              ",value=" + quoted(variable.value) + "} 1\n";
+    }
+  }
+  return text;
+}
+
+}  // namespace ovxid::cli::format

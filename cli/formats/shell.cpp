@@ -1,0 +1,38 @@
+#include <ovxid/parameters.h>
+
+#include "format.h"
+#include "left_out.h"
+#include "shell_name.h"
+
+namespace ovxid::cli::format {
+
+namespace {
+
+// Between single quotes a shell changes nothing, but a single quote ends them.
+std::string quoted(const std::string& value) {
+  std::string text = "'";
+  for (const char byte : value) {
+    if (byte == '\'') {
+      text += "'\\''";
+    } else {
+      text += byte;
+    }
+  }
+  return text + "'";
+}
+
+}  // namespace
+
+std::string shell(Board& board) {
+  std::string text;
+  for (const ovx_param& variable : environment(parameters(board.identifier()))) {
+    if (isShellName(variable.name)) {
+      text += "export " + variable.name + "=" + quoted(variable.value) + "\n";
+    } else {
+      text += leftOut(variable.name, "no shell has a variable of this name");
+    }
+  }
+  return text;
+}
+
+}  // namespace ovxid::cli::format

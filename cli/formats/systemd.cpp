@@ -1,0 +1,53 @@
+#include <ovxid/parameters.h>
+
+#include <algorithm>
+
+#include "format.h"
+#include "left_out.h"
+#include "shell_name.h"
+#include "utf8.h"
+
+namespace ovxid::cli::format {
+
+namespace {
+
+bool isControl(char byte) {
+  return (byte >= '\0' && byte < ' ' && byte != '\t' && byte != '\n') || byte == '\x7f';
+}
+
+// systemd.exec(5) ignores a variable with a control character, and a whole file that is no UTF-8,
+// or has a code point that is none of a character.
+bool isTaken(const std::string& value) {
+  return std::none_of(value.begin(), value.end(), isControl) && isUtf8(value) &&
+         !hasNoncharacter(value);
+}
+
+// Between double quotes, a backslash makes these stand for themselves.
+std::string quoted(const std::string& value) {
+  std::string text = "\"";
+  for (const char byte : value) {
+    if (std::string_view("\"\\`$").find(byte) != std::string_view::npos) {
+      text += '\\';
+    }
+    text += byte;
+  }
+  return text + "\"";
+}
+
+}  // namespace
+
+std::string systemd(Board& board) {
+  std::string text;
+  for (const ovx_param& variable : environment(parameters(board.identifier()))) {
+    if (!isShellName(variable.name)) {
+      text += leftOut(variable.name, "systemd takes no variable of this name");
+    } else if (!isTaken(variable.value)) {
+      text += leftOut(variable.name, "systemd takes no value with these bytes");
+    } else {
+      text += variable.name + "=" + quoted(variable.value) + "\n";
+    }
+  }
+  return text;
+}
+
+}  // namespace ovxid::cli::format

@@ -1,0 +1,26 @@
+#include "launch.h"
+
+#include <cerrno>
+#include <cstring>
+
+#include "board.h"
+#include "diagnostics.h"
+#include "output.h"
+
+namespace ovxid::cli {
+
+int launch(const Invocation& invocation, Launched what) {
+  Board board(invocation.verbose);
+  board.identify();
+  board.collect();
+  const InheritedPipeHandler inherited;
+  board.identifier().execute(invocation.operandCount, invocation.operands, what == Launched::shell);
+  return errno;
+}
+
+int failedLaunch(const std::string& program, int reason) {
+  complain(program, std::strerror(reason));
+  return (reason == ENOENT ? exit_status::notFound : exit_status::cannotRun).value;
+}
+
+}  // namespace ovxid::cli

@@ -1,0 +1,33 @@
+#ifndef OVXID_CLI_OUTPUT_H
+#define OVXID_CLI_OUTPUT_H
+
+#include <string>
+
+namespace ovxid::cli {
+
+using SignalHandler = void (*)(int);
+
+// Ignores SIGPIPE, so that a closed pipe becomes a write error that can be reported. Called first.
+void ignoreClosedPipes();
+
+// The handler of SIGPIPE that this process was started with, in force for as long as this lives.
+class InheritedPipeHandler {
+ public:
+  InheritedPipeHandler();
+  ~InheritedPipeHandler();
+  InheritedPipeHandler(const InheritedPipeHandler&) = delete;
+  InheritedPipeHandler& operator=(const InheritedPipeHandler&) = delete;
+};
+
+// Writes the text to standard output at once. When its reader has gone away, the process ends by
+// SIGPIPE, unless it was started with SIGPIPE ignored. Throws Failure for any other error, and when
+// messages on standard error were lost.
+void print(const std::string& text);
+
+// Gives the file this content, as a whole: a reader sees the old content or all of the new one.
+// When it fails, which throws Failure, the old file stays and nothing else is left behind.
+void replaceFile(const std::string& path, const std::string& text);
+
+}  // namespace ovxid::cli
+
+#endif

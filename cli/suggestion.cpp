@@ -1,0 +1,49 @@
+#include "suggestion.h"
+
+#include <algorithm>
+#include <cstddef>
+
+namespace ovxid::cli {
+
+namespace {
+
+using Row = std::vector<std::size_t>;
+
+// How many letters have to be added, removed or replaced, or pairs of neighbours swapped, to make
+// one word of the other.
+std::size_t distance(std::string_view from, std::string_view to) {
+  std::vector<Row> rows(from.size() + 1, Row(to.size() + 1));
+  for (std::size_t i = 0; i <= from.size(); ++i) {
+    for (std::size_t j = 0; j <= to.size(); ++j) {
+      if (i == 0 || j == 0) {
+        rows[i][j] = i + j;
+        continue;
+      }
+      const std::size_t replaced = rows[i - 1][j - 1] + (from[i - 1] == to[j - 1] ? 0 : 1);
+      rows[i][j] = std::min({replaced, rows[i - 1][j] + 1, rows[i][j - 1] + 1});
+      if (i > 1 && j > 1 && from[i - 1] == to[j - 2] && from[i - 2] == to[j - 1]) {
+        rows[i][j] = std::min(rows[i][j], rows[i - 2][j - 2] + 1);
+      }
+    }
+  }
+  return rows[from.size()][to.size()];
+}
+
+}  // namespace
+
+std::string suggestion(std::string_view mistyped, const std::vector<std::string>& known) {
+  // A third of the letters may be wrong, and no word that long is near to any of ours.
+  constexpr std::size_t longest = 64;
+  std::string nearest;
+  std::size_t least = std::min(mistyped.size(), longest) / 3 + 1;
+  for (const std::string& word : known) {
+    const std::size_t letters = mistyped.size() > longest ? longest : distance(mistyped, word);
+    if (letters < least) {
+      least = letters;
+      nearest = word;
+    }
+  }
+  return nearest.empty() ? "" : ", did you mean '" + nearest + "'?";
+}
+
+}  // namespace ovxid::cli

@@ -1,0 +1,20 @@
+#ifndef OVXID_CLI_UTF8_H
+#define OVXID_CLI_UTF8_H
+
+#include <cstddef>
+#include <string_view>
+
+namespace ovxid::cli {
+
+// How many bytes the character has with which the text begins: 0 if it is empty or does not begin
+// with a character of UTF-8.
+std::size_t characterLength(std::string_view text);
+
+bool isUtf8(std::string_view text);
+
+// Whether a text of UTF-8 has a code point that Unicode will never make a character, as U+FFFE.
+bool hasNoncharacter(std::string_view text);
+
+}  // namespace ovxid::cli
+
+#endif
