@@ -1,18 +1,16 @@
 #include "command_table.h"
 
-#include <algorithm>
 #include <climits>
 #include <iterator>
 
-#include "diagnostics.h"
-#include "suggestion.h"
+#include "named.h"
 
 namespace ovxid::cli {
 
 // Each is defined in the file of its name in commands/.
 namespace command {
 using Perform = int(const Invocation&);
-Perform get, help, list, name, number, run, shell;
+Perform check, explain, get, help, list, name, number, run, shell;
 }  // namespace command
 
 namespace {
@@ -22,6 +20,9 @@ constexpr int any = INT_MAX;
 constexpr Option formatOption = {"format", '\0', "FORMAT", "Choose the format, plain if not given"};
 constexpr Option outputOption = {"output", '\0', "FILE",
                                  "Write FILE instead of standard output, as a whole or not at all"};
+
+constexpr Option ignoreOption = {"ignore", '\0', "WARNING",
+                                 "Leave out the warnings of this name; may be given again"};
 
 constexpr Command table[] = {
     {"list",
@@ -60,6 +61,24 @@ constexpr Command table[] = {
      "test \"$(ovxid number)\" = 64 && echo this is a PC",
      {},
      command::number},
+    {"explain",
+     "",
+     0,
+     0,
+     Launches::nothing,
+     "Tell what each source said, and why the board is identified or not",
+     "ovxid explain",
+     {},
+     command::explain},
+    {"check",
+     "[FILE...]",
+     0,
+     any,
+     Launches::nothing,
+     "Say what is wrong with catalogues, /etc/known_ovx_ids if none is given",
+     "ovxid check --ignore same-number known_ovx_ids",
+     {ignoreOption},
+     command::check},
     {"run",
      "[--] PROGRAM [ARG...]",
      1,
@@ -95,17 +114,7 @@ const Command* CommandTable::begin() const { return std::begin(table); }
 const Command* CommandTable::end() const { return std::end(table); }
 
 const Command& commandNamed(std::string_view name) {
-  const auto* const found = std::find_if(commandTable.begin(), commandTable.end(),
-                                         [&](const Command& each) { return each.name == name; });
-  if (found == commandTable.end()) {
-    std::vector<std::string> known;
-    for (const Command& each : commandTable) {
-      known.emplace_back(each.name);
-    }
-    throw Failure(exit_status::usage, std::string(name),
-                  "no such command" + suggestion(name, known) + " (see 'ovxid --help')");
-  }
-  return *found;
+  return named(commandTable, name, "command", "ovxid --help");
 }
 
 }  // namespace ovxid::cli

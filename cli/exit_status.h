@@ -10,9 +10,11 @@ struct ExitStatus {
 
 namespace exit_status {
 constexpr ExitStatus done = {0, "done"};
-constexpr ExitStatus no = {1, "the board is not identified, or has no such parameter"};
+constexpr ExitStatus no = {
+    1, "the board is not identified, has no such parameter, or check found something"};
 constexpr ExitStatus usage = {2, "the command line is wrong"};
 constexpr ExitStatus notWritten = {3, "the output could not be written"};
+constexpr ExitStatus notRead = {4, "a catalogue could not be read"};
 // The status that env(1) and timeout(1) have for a failure of their own.
 constexpr ExitStatus ownFailure = {
     125, "ovxid itself failed: memory ran out, or an error that should not happen"};
@@ -23,8 +25,9 @@ constexpr ExitStatus aborted = {134, "the name of the WAN interface is too long"
 }  // namespace exit_status
 
 constexpr ExitStatus exitStatuses[] = {
-    exit_status::done,       exit_status::no,        exit_status::usage,    exit_status::notWritten,
-    exit_status::ownFailure, exit_status::cannotRun, exit_status::notFound, exit_status::aborted,
+    exit_status::done,       exit_status::no,       exit_status::usage,
+    exit_status::notWritten, exit_status::notRead,  exit_status::ownFailure,
+    exit_status::cannotRun,  exit_status::notFound, exit_status::aborted,
 };
 
 }  // namespace ovxid::cli

@@ -1,10 +1,7 @@
-#include <algorithm>
 #include <iterator>
-#include <vector>
 
-#include "diagnostics.h"
 #include "format.h"
-#include "suggestion.h"
+#include "named.h"
 
 namespace ovxid::cli {
 
@@ -31,17 +28,7 @@ const Format* FormatTable::begin() const { return std::begin(table); }
 const Format* FormatTable::end() const { return std::end(table); }
 
 const Format& formatNamed(std::string_view name) {
-  const auto* const found = std::find_if(formatTable.begin(), formatTable.end(),
-                                         [&](const Format& each) { return each.name == name; });
-  if (found == formatTable.end()) {
-    std::vector<std::string> known;
-    for (const Format& each : formatTable) {
-      known.emplace_back(each.name);
-    }
-    throw Failure(exit_status::usage, std::string(name),
-                  "no such format" + suggestion(name, known) + " (see 'ovxid help list')");
-  }
-  return *found;
+  return named(formatTable, name, "format", "ovxid help list");
 }
 
 }  // namespace ovxid::cli

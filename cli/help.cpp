@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "check/warnings.h"
 #include "command_table.h"
 #include "exit_status.h"
 #include "format.h"
@@ -36,17 +37,28 @@ std::string optionsOf(const Command& command) {
   return text + entryOf(verboseOption) + entryOf(helpOption);
 }
 
-bool takesFormat(const Command& command) {
-  return std::any_of(
-      std::begin(command.options), std::end(command.options), [](const Option& option) {
-        return option.argument != nullptr && std::string(option.argument) == "FORMAT";
-      });
+template <typename Table>
+std::string entries(const std::string& title, const Table& table) {
+  std::string text = "\n" + title + ":\n";
+  for (const auto& row : table) {
+    text += entry(row.name, row.summary);
+  }
+  return text;
 }
 
-std::string formats() {
-  std::string text = "\nFormats:\n";
-  for (const Format& format : formatTable) {
-    text += entry(format.name, format.summary);
+// What the argument of an option may be.
+std::string choicesFor(const Option& option) {
+  const std::string_view argument = option.argument == nullptr ? "" : option.argument;
+  if (argument == "FORMAT") {
+    return entries("Formats", formatTable);
+  }
+  return argument == "WARNING" ? entries("Warnings", warnings) : "";
+}
+
+std::string choicesOf(const Command& command) {
+  std::string text;
+  for (const Option& option : command.options) {
+    text += choicesFor(option);
   }
   return text;
 }
@@ -54,11 +66,8 @@ std::string formats() {
 }  // namespace
 
 std::string helpText() {
-  std::string text =
-      "Usage: ovxid [OPTIONS] [COMMAND]\n\nTells which board this is.\n\nCommands:\n";
-  for (const Command& command : commandTable) {
-    text += entry(command.name, command.summary);
-  }
+  std::string text = "Usage: ovxid [OPTIONS] [COMMAND]\n\nTells which board this is.\n" +
+                     entries("Commands", commandTable);
   text += "\nOptions:\n" + entryOf(verboseOption) + entryOf(helpOption) + entryOf(versionOption);
   text += std::string("\nWithout a command: ") + commandTable.begin()->name + ".\n\nExit status:\n";
   for (const ExitStatus& status : exitStatuses) {
@@ -71,7 +80,7 @@ std::string helpText(const Command& command) {
   std::string text = std::string("Usage: ovxid ") + command.name + " [OPTIONS]";
   text.append(*command.operands == '\0' ? "" : " ").append(command.operands).append("\n\n");
   text.append(command.summary).append(".\n\nOptions:\n").append(optionsOf(command));
-  text += takesFormat(command) ? formats() : "";
+  text += choicesOf(command);
   return text.append("\nExample:\n  ").append(command.example).append("\n");
 }
 

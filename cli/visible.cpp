@@ -64,4 +64,6 @@ std::string visible(std::string_view text) {
   });
 }
 
+std::string shown(std::string_view text) { return "'" + visible(text) + "'"; }
+
 }  // namespace ovxid::cli

@@ -13,6 +13,9 @@ std::string harmless(std::string_view text);
 // The text with an escape for each of them: \0, \t, \n, \r or \xHH.
 std::string visible(std::string_view text);
 
+// The visible text between single quotes.
+std::string shown(std::string_view text);
+
 }  // namespace ovxid::cli
 
 #endif

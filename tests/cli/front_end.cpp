@@ -50,6 +50,14 @@ Outcome FrontEnd::ovxid(Arguments arguments) {
   });
 }
 
+void FrontEnd::inputFrom(const std::string& path) {
+  mPreparations.emplace_back([path] {
+    const int file = open(path.c_str(), O_RDONLY | O_CLOEXEC);
+    require(file, path.c_str());
+    require(dup2(file, STDIN_FILENO), path.c_str());
+  });
+}
+
 void FrontEnd::outputTo(const char* path) {
   mPreparations.emplace_back([path] { replaceByFile(STDOUT_FILENO, path); });
 }

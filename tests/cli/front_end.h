@@ -20,6 +20,7 @@ class FrontEnd : public testing::Test {
   Outcome ovxid(Arguments arguments);
 
   // These change how the front end is started. Later calls add to earlier ones.
+  void inputFrom(const std::string& path);
   void outputTo(const char* path);
   void outputToClosedPipe();
   void outputClosed();

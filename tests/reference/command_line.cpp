@@ -118,12 +118,14 @@ Words takeWordsOfShell(Words words) {
 Request readWords(const Words& words) {
   const Known general{{"verbose", false}, {"help", false}};
   const Known version{{"verbose", false}, {"help", false}, {"version", false}};
+  const Known checking{{"verbose", false}, {"help", false}, {"ignore", true}};
   const Known listing{{"verbose", false}, {"help", false}, {"format", true}, {"output", true}};
   // How many operands each takes, at least and at most.
   const std::size_t any = words.size();
   const std::map<std::string, std::pair<std::size_t, std::size_t>> commands{
-      {"list", {0, 0}},  {"get", {1, 1}},     {"name", {0, 0}}, {"number", {0, 0}},
-      {"run", {1, any}}, {"shell", {0, any}}, {"help", {0, 1}}};
+      {"list", {0, 0}},   {"get", {1, 1}},     {"name", {0, 0}},
+      {"number", {0, 0}}, {"explain", {0, 0}}, {"check", {0, any}},
+      {"run", {1, any}},  {"shell", {0, any}}, {"help", {0, 1}}};
   Request request{false, "", false, {}, {}};
   const Words rest = takeOptions(request, words.begin(), words.end(), version, false);
   request.command = rest.empty() ? "list" : rest.front();
@@ -132,7 +134,9 @@ Request readWords(const Words& words) {
     throw UsageError();
   }
   const Words own(rest.empty() ? rest.end() : rest.begin() + 1, rest.end());
-  const Known& known = request.command == "list" ? listing : general;
+  const Known& known = request.command == "list"    ? listing
+                       : request.command == "check" ? checking
+                                                    : general;
   request.operands = request.command == "shell" ? takeWordsOfShell(own)
                                                 : takeOptions(request, own.begin(), own.end(),
                                                               known, request.command != "run");

@@ -1,0 +1,28 @@
+#ifndef OVXID_CLI_CHECK_LINE_H
+#define OVXID_CLI_CHECK_LINE_H
+
+#include <OvxIdentifier.h>
+
+#include <string_view>
+#include <vector>
+
+namespace ovxid::cli {
+
+// A line of a catalogue that the library reads as a board. Its values are parts of the file.
+struct Line {
+  std::size_t number;
+  bool hasCarriageReturn;
+  // Name, board number and aliases, without the carriage return.
+  std::vector<std::string_view> values;
+  std::int32_t boardNumber;
+
+  std::string_view name() const { return values[0]; }
+  std::string_view numberText() const { return values[1]; }
+};
+
+// Takes apart the text of a line that the library reads.
+Line lineOf(std::size_t number, std::string_view text, std::int32_t boardNumber);
+
+}  // namespace ovxid::cli
+
+#endif

@@ -1,0 +1,57 @@
+#include <cerrno>
+#include <cstring>
+
+#include "catalogue.h"
+#include "check/catalogue_check.h"
+#include "command.h"
+#include "diagnostics.h"
+#include "named.h"
+#include "output.h"
+#include "text_file.h"
+
+namespace ovxid::cli::command {
+
+namespace {
+
+std::vector<std::string> ignoredWarnings(const Invocation& invocation) {
+  std::vector<std::string> names;
+  for (const auto& [option, name] : invocation.options) {
+    names.emplace_back(named(warnings, name, "warning", "ovxid help check").name);
+  }
+  return names;
+}
+
+std::vector<std::string> filesOf(const Invocation& invocation) {
+  if (invocation.operandCount == 0) {
+    return {cataloguePath};
+  }
+  return {invocation.operands, invocation.operands + invocation.operandCount};
+}
+
+}  // namespace
+
+// One that cannot be read does not keep the others from being checked.
+int check(const Invocation& invocation) {
+  const std::vector<std::string> ignored = ignoredWarnings(invocation);
+  CatalogueCheck catalogueCheck;
+  ExitStatus status = exit_status::done;
+  std::string text;
+  for (const std::string& file : filesOf(invocation)) {
+    const std::optional<std::string> content = contentOf(file);
+    if (!content) {
+      complain(file, std::strerror(errno));
+      status = exit_status::notRead;
+      continue;
+    }
+    Findings findings(file, ignored);
+    catalogueCheck.check(*content, findings);
+    text += findings.text();
+  }
+  print(text);
+  if (status.value == exit_status::done.value && !text.empty()) {
+    status = exit_status::no;
+  }
+  return status.value;
+}
+
+}  // namespace ovxid::cli::command

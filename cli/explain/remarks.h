@@ -1,0 +1,24 @@
+#ifndef OVXID_CLI_EXPLAIN_REMARKS_H
+#define OVXID_CLI_EXPLAIN_REMARKS_H
+
+#include "explain/evidence.h"
+
+// What a reader of the report may stumble over, a sentence each.
+namespace ovxid::cli {
+
+using Remarks = std::vector<std::string>;
+
+// The system: what is not there, or may not be read.
+Remarks remarksOnSystem(const Evidence& evidence);
+// The platform's node: what the library makes of its boardid and its description.
+Remarks remarksOnNode(const Evidence& evidence);
+// The catalogue: what almost matches.
+Remarks remarksOnNearMisses(const Evidence& evidence);
+// The catalogue: what would match as well, and what the decision hides.
+Remarks remarksOnHidden(const Evidence& evidence);
+// The parameters: what a launched program does not see, or sees otherwise.
+Remarks remarksOnParameters(const Evidence& evidence);
+
+}  // namespace ovxid::cli
+
+#endif

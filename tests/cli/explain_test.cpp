@@ -1,0 +1,308 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <sys/socket.h>
+#include <sys/un.h>
+#include <unistd.h>
+
+#include "cli/front_end.h"
+
+namespace {
+
+using testing::HasSubstr;
+using testing::Not;
+
+class Explain : public FrontEnd {
+ protected:
+  Explain() { kernelIs("6.1.55", "aarch64"); }
+
+  // The report, whose remarks come last.
+  std::string report() {
+    const Outcome outcome = ovxid({"explain"});
+    EXPECT_EQ(outcome.err, "");
+    return outcome.out;
+  }
+
+  void expectRemark(const std::string& remark) {
+    EXPECT_THAT(report(), HasSubstr("\n- " + remark + "\n"));
+  }
+};
+
+TEST_F(Explain, TellsWhatEachSourceSaidAndWhatWouldMakeTheBoardKnown) {
+  kernelIs("6.1.55-kestrel2", "aarch64");
+  mBoard.directory("/proc/1")
+      .directory("/proc/device-tree/orvanix")
+      .cpuinfo("processor: 0\nHardware\t: Kestrel Rev B\n");
+  mBoard.catalogue("Merlin:1:m1\nHobby\nGos:2\n");
+  EXPECT_EQ(
+      ovxid({"explain"}),
+      (Outcome{1,
+               "device tree     /proc/device-tree/orvanix/boardid: No such file or directory\n"
+               "kernel release  6.1.55-kestrel2: 'kestrel2' is no alias of the 2 boards in "
+               "the catalogue\n"
+               "machine         aarch64: not x86_64\n"
+               "cpuinfo         Hardware 'Kestrel Rev B': no name and no alias in the "
+               "catalogue\n"
+               "catalogue       /etc/known_ovx_ids: 2 boards, 1 line passed over ('ovxid "
+               "check' tells why)\n"
+               "\n"
+               "This board is not identified. Either line in /etc/known_ovx_ids would make it "
+               "known:\n"
+               "  NAME:NUMBER:kestrel2\n"
+               "  Kestrel Rev B:NUMBER\n",
+               ""}));
+}
+
+TEST_F(Explain, GivesTheOneLineThatWouldMakeTheBoardKnown) {
+  mBoard.cpuinfo("Hardware\t: Kestrel Rev B\n");
+  EXPECT_THAT(report(), HasSubstr("This line in /etc/known_ovx_ids would make it known:\n"
+                                  "  Kestrel Rev B:NUMBER\n"));
+}
+
+// What the lines make known is asked of the front end itself.
+TEST_F(Explain, GivesLinesThatMakeTheBoardKnown) {
+  kernelIs("6.1.55-kestrel2", "aarch64");
+  mBoard.cpuinfo("Hardware\t: Kestrel Rev B\n");
+  mBoard.catalogue("Some:7:kestrel2\n");
+  EXPECT_EQ(ovxid({"number"}).out, "7\n");
+  mBoard.catalogue("Kestrel Rev B:8\n");
+  EXPECT_EQ(ovxid({"number"}).out, "8\n");
+}
+
+TEST_F(Explain, GivesNoLineThatTheCatalogueCannotHold) {
+  kernelIs("6.1.55-", "aarch64");
+  mBoard.cpuinfo("Hardware\t: Kestrel: Rev B\n");
+  EXPECT_THAT(report(), HasSubstr("No line in /etc/known_ovx_ids could make it known:\n"));
+}
+
+TEST_F(Explain, TellsOfTheDeviceTree) {
+  kernelIs("6.1.55-k2", "x86_64");
+  mBoard.property("boardid", bytes("12\0")).property("description", bytes("Kestrel\0"));
+  mBoard.catalogue("Merlin:1:k2\n").cpuinfo("Hardware\t: Merlin\n");
+  EXPECT_EQ(
+      ovxid({"explain"}),
+      (Outcome{0,
+               "device tree     boardid '12\\0', description 'Kestrel\\0'\n"
+               "kernel release  not tried (6.1.55-k2: 'k2' is an alias of 'Merlin' in line "
+               "1)\n"
+               "machine         not tried (x86_64: a PC)\n"
+               "cpuinfo         not tried (Hardware 'Merlin' is the name of the board in line "
+               "1)\n"
+               "catalogue       /etc/known_ovx_ids: 1 board\n"
+               "\n"
+               "This board is 'Kestrel', number 12: the device tree says so.\n"
+               "\n"
+               "- The end of the release 'k2' also matches 'Merlin' in line 1.\n"
+               "- The Hardware value 'Merlin' also matches 'Merlin' in line 1.\n",
+               ""}));
+}
+
+TEST_F(Explain, TellsOfTheKernelRelease) {
+  kernelIs("6.1.55-k2", "x86_64");
+  mBoard.catalogue("Gos:3\nMerlin:1:k2\nHobby:4:k2\n");
+  const std::string text = report();
+  EXPECT_THAT(text, HasSubstr("kernel release  6.1.55-k2: 'k2' is an alias of 'Merlin' in line 2\n"
+                              "machine         not tried (x86_64: a PC)\n"
+                              "cpuinfo         not tried (/proc/cpuinfo: No such file or "
+                              "directory)\n"));
+  EXPECT_THAT(text, HasSubstr("This board is 'Merlin', number 1: the kernel's release matches an "
+                              "alias in line 2.\n\n"
+                              "- The end of the release 'k2' also matches 'Hobby' in line 3.\n"));
+}
+
+TEST_F(Explain, TellsOfAPc) {
+  kernelIs("6.1.55", "x86_64");
+  const std::string text = report();
+  EXPECT_THAT(text, HasSubstr("kernel release  6.1.55: no '-' with an alias behind it\n"
+                              "machine         x86_64: a PC\n"));
+  EXPECT_THAT(text, HasSubstr("This board is 'x86_64 PC', number 64: the machine is x86_64.\n"));
+}
+
+TEST_F(Explain, TellsOfAHardwareValueThatIsAName) {
+  mBoard.cpuinfo("Hardware\t: Merlin\n").catalogue("Gos:3:Merlin\nMerlin:1\n");
+  const std::string text = report();
+  EXPECT_THAT(text, HasSubstr("Hardware 'Merlin' is the name of the board in line 2\n"));
+  EXPECT_THAT(text,
+              HasSubstr("This board is 'Merlin', number 1: the Hardware line matches line 2.\n"
+                        "\n- The Hardware value 'Merlin' also matches 'Gos' in line 1.\n"));
+}
+
+TEST_F(Explain, TellsOfAHardwareValueThatIsAnAliasOfTheBuiltInTable) {
+  mBoard.cpuinfo("Hardware\t: ostart\n");
+  const std::string text = report();
+  EXPECT_THAT(text, HasSubstr("Hardware 'ostart' is an alias of 'Orvanix Starter Kit' in the "
+                              "built-in table\n"
+                              "catalogue       /etc/known_ovx_ids: No such file or directory; the "
+                              "built-in table of 3 boards stands in for it\n"));
+  EXPECT_THAT(text, HasSubstr("the Hardware line matches the built-in table.\n"));
+}
+
+TEST_F(Explain, TellsThatTheHardwareLineEndsAtItsColon) {
+  mBoard.cpuinfo("Hardware\t:\n");
+  EXPECT_EQ(ovxid({"explain"}).status, 1);
+  EXPECT_THAT(report(), HasSubstr("cpuinfo         /proc/cpuinfo: the Hardware line ends at its "
+                                  "colon, which ends the search\n"));
+}
+
+TEST_F(Explain, TellsThatThereIsNoHardwareLine) {
+  mBoard.cpuinfo("processor: 0\n");
+  EXPECT_THAT(report(), HasSubstr("cpuinfo         /proc/cpuinfo: no line begins with Hardware\n"));
+}
+
+TEST_F(Explain, TellsThatProcIsNotMounted) {
+  expectRemark("/proc is not mounted: neither the device tree nor cpuinfo can be read.");
+}
+
+TEST_F(Explain, TellsThatThereIsNoDeviceTree) {
+  mBoard.directory("/proc/1");
+  expectRemark(
+      "There is no /proc/device-tree: this kernel has no device tree, or a container hides it.");
+}
+
+TEST_F(Explain, TellsThatThereIsNoNode) {
+  mBoard.directory("/proc/1").directory("/proc/device-tree");
+  expectRemark("The device tree has no node /orvanix.");
+}
+
+TEST_F(Explain, TellsThatAFileCannotBeRead) {
+  mBoard.directory("/etc/known_ovx_ids");
+  expectRemark("/etc/known_ovx_ids is there, but cannot be read by this user or at all.");
+}
+
+TEST_F(Explain, TellsOfCells) {
+  mBoard.property("boardid", bytes("\0\0\0\x0c"));
+  expectRemark(
+      "The boardid is of cells, but is read as text: write boardid = \"12\" in the device "
+      "tree. The number is 0.");
+}
+
+struct BoardidCase {
+  const char* name;
+  std::string boardid;
+  const char* remark;
+};
+
+void PrintTo(const BoardidCase& boardid, std::ostream* out) { *out << boardid.remark; }
+
+class ExplainBoardid : public Explain, public testing::WithParamInterface<BoardidCase> {};
+
+TEST_P(ExplainBoardid, TellsWhatIsMadeOfIt) {
+  mBoard.property("boardid", GetParam().boardid).property("description", "Kestrel");
+  expectRemark(GetParam().remark);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Of, ExplainBoardid,
+    testing::Values(BoardidCase{"Nothing", "", "The boardid is empty. The number is -1."},
+                    BoardidCase{"Blanks", " \n", "The boardid is white space. The number is -1."},
+                    BoardidCase{"Letters", "kestrel",
+                                "The boardid is no decimal number. The number is 0."},
+                    BoardidCase{"TooMuch", bytes("99999999999\0"),
+                                "The boardid may be out of range. The number is 2147483647."},
+                    BoardidCase{"TooLittle", bytes("-99999999999\0"),
+                                "The boardid may be out of range. The number is -2147483648."},
+                    BoardidCase{"Hexadecimal", bytes("0x11\0"),
+                                "The boardid goes on behind its digits. The number is 0."}),
+    [](const auto& test) { return test.param.name; });
+
+TEST_F(Explain, SaysNothingOfANumber) {
+  mBoard.property("boardid", bytes("-3\n")).property("description", bytes("Kestrel\0"));
+  EXPECT_THAT(report(), Not(HasSubstr("The boardid")));
+}
+
+TEST_F(Explain, TellsThatTheDescriptionIsMissing) {
+  mBoard.property("boardid", "12");
+  expectRemark("There is no description, so the name stays 'Unknown'.");
+}
+
+TEST_F(Explain, TellsThatTheDescriptionAloneDoesNotIdentify) {
+  mBoard.property("description", "Kestrel");
+  expectRemark("The description does not identify a board without a boardid.");
+}
+
+TEST_F(Explain, TellsThatTheDescriptionHasMoreLines) {
+  mBoard.property("boardid", "12").property("description", "Kestrel\nRev B");
+  expectRemark("Only the first line of the description is the name.");
+}
+
+TEST_F(Explain, TellsOfNearMissesOfTheRelease) {
+  kernelIs("6.1.55-k2", "aarch64");
+  mBoard.catalogue("Kestrel:1:K2:k3\r\nk2:2: k2\nMerlin:3:k2\r\n");
+  expectRemark("'k2' differs from the alias 'K2' in line 1 only in case.");
+  expectRemark("'k2' differs from the alias ' k2' in line 2 only in a blank.");
+  expectRemark("'k2' differs from the alias 'k2\\r' in line 3 only in a carriage return.");
+  expectRemark(
+      "'k2' is the name of the board in line 2, but a release is compared with aliases "
+      "only.");
+}
+
+TEST_F(Explain, TellsOfNearMissesOfTheHardwareLine) {
+  mBoard.cpuinfo("Hardware\t: Kestrel\n");
+  mBoard.catalogue(bytes("kestrel:1\nMerlin:2:Kestrel\0\nGos:3:KESTREL \n"));
+  expectRemark("'Kestrel' differs from the name of the board in line 1 only in case.");
+  expectRemark("'Kestrel' differs from the alias 'Kestrel\\0' in line 2 only in a NUL byte.");
+  expectRemark(
+      "'Kestrel' differs from the alias 'KESTREL ' in line 3 only in case, blanks and "
+      "control characters.");
+}
+
+TEST_F(Explain, SaysNothingOfNearMissesOfASourceThatWasNotTried) {
+  kernelIs("6.1.55-k2", "aarch64");
+  mBoard.property("boardid", "12").catalogue("Kestrel:1:K2\n");
+  EXPECT_THAT(report(), Not(HasSubstr("differs")));
+}
+
+TEST_F(Explain, TellsOfAPropertyThatCannotBeRead) {
+  // Not even root opens a socket.
+  mBoard.node();
+  const sockaddr_un secret{AF_UNIX, "/proc/device-tree/orvanix/secret"};
+  const int bound = socket(AF_UNIX, SOCK_DGRAM, 0);
+  ASSERT_EQ(bind(bound, reinterpret_cast<const sockaddr*>(&secret), sizeof secret), 0);
+  expectRemark(
+      "The property 'secret' cannot be read (No such device or address): 'OVX_SECRET' is "
+      "empty.");
+  close(bound);
+}
+
+TEST_F(Explain, TellsOfAPropertyThatIsCut) {
+  mBoard.property("card@1/notice", "first\nsecond");
+  expectRemark("The property 'card@1/notice' is cut at its newline: 'OVX_NOTICE' is 'first'.");
+}
+
+TEST_F(Explain, TellsOfPropertiesThatOverwriteTheIdentity) {
+  mBoard.property("boardid", "12").property("description", "Kestrel").property("id", "7");
+  expectRemark("Programs see one 'OVX_ID', '7': it is set by the identity and by 'id'.");
+}
+
+TEST_F(Explain, TellsOfPropertiesThatOverwriteEachOther) {
+  mBoard.property("a/wan", "eth0").property("b/wan", "eth0").property("c/wan", "eth0");
+  expectRemark("Programs see one 'OVX_WAN', 'eth0': it is set by 'a/wan', 'b/wan' and 'c/wan'.");
+}
+
+TEST_F(Explain, TellsOfAPropertyThatTheAddressOverwrites) {
+  mBoard.property("wan_id", "x");
+  expectRemark("The property 'wan_id' is overwritten by the MAC address, if there is one.");
+}
+
+TEST_F(Explain, TellsOfNamesThatNoShellHas) {
+  mBoard.property("#cells", "x").property("gpio-1", "x").property("name", "orvanix");
+  expectRemark("No shell has a variable of the name 'OVX_#CELLS' and 'OVX_GPIO-1'.");
+}
+
+TEST_F(Explain, TellsThatTheWanInterfaceIsNotThere) {
+  mBoard.property("wan", bytes("eth9\0"));
+  expectRemark("The WAN interface 'eth9': No such device. There is no OVX_WAN_ID.");
+}
+
+TEST_F(Explain, TellsThatTheNameOfTheWanInterfaceIsTooLong) {
+  mBoard.property("wan", "an-interface-of-20-b");
+  expectRemark(
+      "The WAN interface 'an-interface-of-20-b' has more than 15 bytes: collecting the "
+      "parameters aborts.");
+}
+
+TEST_F(Explain, SaysNothingOfAWanInterfaceThatIsThere) {
+  mBoard.interface("eth0", "02:42:ac:11:00:02").property("wan", bytes("eth0\0"));
+  EXPECT_THAT(report(), Not(HasSubstr("The WAN interface")));
+}
+
+}  // namespace
