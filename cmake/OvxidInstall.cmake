@@ -7,10 +7,11 @@ install(TARGETS ovxid EXPORT ovxid
   LIBRARY COMPONENT runtime NAMELINK_COMPONENT development)
 if(OVXID_BUILD_CLI)
   install(TARGETS ovxid_cli RUNTIME COMPONENT runtime)
-  install(FILES cli/ovxid.1 DESTINATION "${CMAKE_INSTALL_MANDIR}/man1" COMPONENT runtime)
+  install(FILES man/ovxid.1 DESTINATION "${CMAKE_INSTALL_MANDIR}/man1" COMPONENT runtime)
   install(FILES cli/formats/ovxid.schema.json
     DESTINATION "${CMAKE_INSTALL_DATADIR}/ovxid" COMPONENT runtime)
 endif()
+install(FILES man/known_ovx_ids.5 DESTINATION "${CMAKE_INSTALL_MANDIR}/man5" COMPONENT runtime)
 
 install(DIRECTORY include/
   DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}" COMPONENT development)

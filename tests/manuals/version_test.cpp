@@ -1,0 +1,23 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "manuals/page.h"
+
+using testing::HasSubstr;
+
+namespace {
+
+class ManualPage : public testing::TestWithParam<const char*> {};
+
+TEST_P(ManualPage, IsOfThisVersion) {
+  const std::string page = manualPage(GetParam());
+  EXPECT_THAT(page.substr(0, page.find('\n')), HasSubstr("\"ovxid " OVXID_VERSION "\""));
+}
+
+INSTANTIATE_TEST_SUITE_P(Page, ManualPage, testing::Values("ovxid.1", "known_ovx_ids.5"),
+                         [](const auto& test) {
+                           const std::string page = test.param;
+                           return page.substr(0, page.find('.'));
+                         });
+
+}  // namespace
