@@ -12,6 +12,7 @@ if(OVXID_BUILD_CLI)
     DESTINATION "${CMAKE_INSTALL_DATADIR}/ovxid" COMPONENT runtime)
 endif()
 install(FILES man/known_ovx_ids.5 DESTINATION "${CMAKE_INSTALL_MANDIR}/man5" COMPONENT runtime)
+install(FILES man/libovxid.3 DESTINATION "${CMAKE_INSTALL_MANDIR}/man3" COMPONENT development)
 
 install(DIRECTORY include/
   DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}" COMPONENT development)

@@ -14,7 +14,8 @@ TEST_P(ManualPage, IsOfThisVersion) {
   EXPECT_THAT(page.substr(0, page.find('\n')), HasSubstr("\"ovxid " OVXID_VERSION "\""));
 }
 
-INSTANTIATE_TEST_SUITE_P(Page, ManualPage, testing::Values("ovxid.1", "known_ovx_ids.5"),
+INSTANTIATE_TEST_SUITE_P(Page, ManualPage,
+                         testing::Values("ovxid.1", "libovxid.3", "known_ovx_ids.5"),
                          [](const auto& test) {
                            const std::string page = test.param;
                            return page.substr(0, page.find('.'));
