@@ -8,6 +8,12 @@
 #include <vector>
 
 /**
+ * @file
+ * @brief The identity of a board, its parameters, and the launching of programs with them.
+ */
+
+/**
+ * @class cQlog
  * @brief The logger of the board's closed logging library, libqlog.so.0, or of the program's own.
  *
  * The library calls the non-virtual methods debug, info, warn, error and fatal, each declared as

@@ -18,6 +18,7 @@
  * All of it is inline and uses only the public members of OvxIdentifier.
  */
 
+/** What is made of OvxIdentifier without being a member of it. */
 namespace ovxid {
 
 namespace detail {
