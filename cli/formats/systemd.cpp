@@ -1,6 +1,6 @@
 #include <ovxid/parameters.h>
 
-#include <algorithm>
+#include <string_view>
 
 #include "format.h"
 #include "left_out.h"
@@ -11,16 +11,9 @@ namespace ovxid::cli::format {
 
 namespace {
 
-bool isControl(char byte) {
-  return (byte >= '\0' && byte < ' ' && byte != '\t' && byte != '\n') || byte == '\x7f';
-}
-
-// systemd.exec(5) ignores a variable with a control character, and a whole file that is no UTF-8,
-// or has a code point that is none of a character.
-bool isTaken(const std::string& value) {
-  return std::none_of(value.begin(), value.end(), isControl) && isUtf8(value) &&
-         !hasNoncharacter(value);
-}
+// Of a file that is no UTF-8, or has a code point that is none of a character, systemd takes
+// nothing. Control characters are allowed there, other than in Environment=.
+bool isTaken(const std::string& value) { return isUtf8(value) && !hasNoncharacter(value); }
 
 // Between double quotes, a backslash makes these stand for themselves.
 std::string quoted(const std::string& value) {

@@ -117,12 +117,16 @@ TEST_F(Formats, SystemdQuotesWhatItWouldChange) {
             (Lines{R"(OVX_A="\$HOME \`id\` \"x\" 'y' \\ %n !  ")", "OVX_B=\"a\tb\""}));
 }
 
+TEST_F(Formats, SystemdTakesControlCharacters) {
+  Board board;
+  board.property("control", "a\x01\x1b\r\x7f");
+  EXPECT_EQ(lines("systemd"), Lines{"OVX_CONTROL=\"a\x01\x1b\r\x7f\""});
+}
+
 TEST_F(Formats, SystemdNamesInACommentWhatItDoesNotTake) {
   Board board;
   board.property("gpio-1", "a")
       .property("name\\", "b")
-      .property("control", "a\x1b")
-      .property("delete", "a\x7f")
       .property("latin", "\xe4")
       .property("none", "\xef\xbf\xbe")
       .property("last", "\xf4\x8f\xbf\xbf")
@@ -134,11 +138,10 @@ TEST_F(Formats, SystemdNamesInACommentWhatItDoesNotTake) {
   const std::string name = " is left out: systemd takes no variable of this name";
   const std::string value = " is left out: systemd takes no value with these bytes";
   EXPECT_EQ(lines("systemd"),
-            (Lines{"# OVX_GPIO-1" + name, "# OVX_NAME\\" + name, "# OVX_CONTROL" + value,
-                   "# OVX_DELETE" + value, "# OVX_LATIN" + value, "# OVX_NONE" + value,
-                   "# OVX_LAST" + value, "# OVX_ARABIC" + value, "OVX_BEFORE=\"\xef\xb7\x8f\"",
-                   "OVX_BEHIND=\"\xef\xb7\xb0\"", "OVX_REPLACEMENT=\"\xef\xbf\xbd\"",
-                   "OVX_PLANE=\"\xf0\x9e\xbf\xbe\""}));
+            (Lines{"# OVX_GPIO-1" + name, "# OVX_NAME\\" + name, "# OVX_LATIN" + value,
+                   "# OVX_NONE" + value, "# OVX_LAST" + value, "# OVX_ARABIC" + value,
+                   "OVX_BEFORE=\"\xef\xb7\x8f\"", "OVX_BEHIND=\"\xef\xb7\xb0\"",
+                   "OVX_REPLACEMENT=\"\xef\xbf\xbd\"", "OVX_PLANE=\"\xf0\x9e\xbf\xbe\""}));
 }
 
 TEST_F(Formats, PrometheusHasMetricsOfAnIdentifiedBoard) {
