@@ -10,6 +10,15 @@ if(OVXID_BUILD_CLI)
   install(FILES man/ovxid.1 DESTINATION "${CMAKE_INSTALL_MANDIR}/man1" COMPONENT runtime)
   install(FILES cli/formats/ovxid.schema.json
     DESTINATION "${CMAKE_INSTALL_DATADIR}/ovxid" COMPONENT runtime)
+  install(FILES man/ovxid.service.8 DESTINATION "${CMAKE_INSTALL_MANDIR}/man8" COMPONENT runtime)
+  # A unit names its program by the absolute path, which is known when it is installed.
+  install(CODE "
+    set(ovxid_program \"${CMAKE_INSTALL_BINDIR}/$<TARGET_FILE_NAME:ovxid_cli>\")
+    cmake_path(ABSOLUTE_PATH ovxid_program BASE_DIRECTORY \"\${CMAKE_INSTALL_PREFIX}\")
+    configure_file(\"${PROJECT_SOURCE_DIR}/systemd/ovxid.service.in\"
+      \"${PROJECT_BINARY_DIR}/ovxid.service\" @ONLY)" COMPONENT runtime)
+  install(FILES "${PROJECT_BINARY_DIR}/ovxid.service"
+    DESTINATION lib/systemd/system COMPONENT runtime)
 endif()
 install(FILES man/known_ovx_ids.5 DESTINATION "${CMAKE_INSTALL_MANDIR}/man5" COMPONENT runtime)
 install(FILES man/libovxid.3 DESTINATION "${CMAKE_INSTALL_MANDIR}/man3" COMPONENT development)

@@ -1,6 +1,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "manuals/page.h"
 
 using testing::HasSubstr;
@@ -15,10 +17,12 @@ TEST_P(ManualPage, IsOfThisVersion) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Page, ManualPage,
-                         testing::Values("ovxid.1", "libovxid.3", "known_ovx_ids.5"),
+                         testing::Values("ovxid.1", "libovxid.3", "known_ovx_ids.5",
+                                         "ovxid.service.8"),
                          [](const auto& test) {
-                           const std::string page = test.param;
-                           return page.substr(0, page.find('.'));
+                           std::string page = test.param;
+                           std::replace(page.begin(), page.end(), '.', '_');
+                           return page;
                          });
 
 }  // namespace
