@@ -120,18 +120,34 @@ make_system() {
   front_end=$(built_package ovxid "$architecture")
   development=$(built_package libovxid-dev "$architecture")
   ! is_current "$system.cpio" "$library" "$front_end" "$development" \
-    tests/boards/{init,program.cpp} || return 0
+    tests/boards/{init,session,program.cpp} || return 0
   echo "system  $architecture"
   rm -rf "$system"
   mkdir -p "$system"
   unpack "$system/root" "$architecture" "$library" "$front_end" "${userland[@]}"
   unpack "$system/development" "$architecture" "$library" "$development"
   compile "$architecture" "$system/root/usr/bin/program" tests/boards/program.cpp
-  rm -rf "$system"/root/usr/share "$system"/root/usr/lib/*/gconv
   mkdir -p "$system"/root/{proc,sys,dev,tmp,results}
-  cp tests/boards/init "$system/root"
-  archive "$system/root" "$system.new"
-  mv "$system.new" "$system.cpio"
+  cp tests/boards/{init,session} "$system/root"
+  archive_system "$system"
+}
+
+# make_systemd ARCHITECTURE: makes systemd/ARCHITECTURE.cpio, which some boards have beside the system.
+make_systemd() {
+  local systemd=$parts/systemd/$1
+  ! is_current "$systemd.cpio" || return 0
+  echo "systemd $1"
+  rm -rf "$systemd"
+  mkdir -p "$systemd"
+  unpack "$systemd/root" "$1" systemd
+  archive_system "$systemd"
+}
+
+# archive_system SYSTEM: makes SYSTEM.cpio from SYSTEM/root, without what no board uses.
+archive_system() {
+  rm -rf "$1"/root/usr/share "$1"/root/usr/lib/*/gconv
+  archive "$1/root" "$1.new"
+  mv "$1.new" "$1.cpio"
 }
 
 # unpack DIRECTORY ARCHITECTURE PACKAGE...: unpacks them and all that they depend on.
