@@ -110,13 +110,6 @@ Invocation helpInvocation(int operandCount, char** operands) {
   return help;
 }
 
-std::vector<Option> optionsOf(const Command& command) {
-  std::vector<Option> options{verboseOption, helpOption};
-  std::copy_if(std::begin(command.options), std::end(command.options), std::back_inserter(options),
-               [](const Option& option) { return option.name != nullptr; });
-  return options;
-}
-
 void checkOperands(const Invocation& invocation, const Options& options) {
   const Command& command = *invocation.command;
   if (invocation.operandCount < command.leastOperands) {
@@ -175,8 +168,7 @@ Invocation readShell(const Command& command, int argc, char** argv, bool verbose
 }  // namespace
 
 Invocation readCommandLine(int argc, char** argv) {
-  const Options options({verboseOption, helpOption, versionOption}, Reach::beforeOperands,
-                        "ovxid --help");
+  const Options options(generalOptions(), Reach::beforeOperands, "ovxid --help");
   bool verbose = false;
   while (const Option* const option = options.next(argc, argv)) {
     if (isNamed(*option, verboseOption.name)) {

@@ -117,4 +117,14 @@ const Command& commandNamed(std::string_view name) {
   return named(commandTable, name, "command", "ovxid --help");
 }
 
+std::vector<Option> generalOptions() { return {verboseOption, helpOption, versionOption}; }
+
+std::vector<Option> optionsOf(const Command& command) {
+  std::vector<Option> options;
+  std::copy_if(std::begin(command.options), std::end(command.options), std::back_inserter(options),
+               [](const Option& option) { return option.name != nullptr; });
+  options.insert(options.end(), {verboseOption, helpOption});
+  return options;
+}
+
 }  // namespace ovxid::cli

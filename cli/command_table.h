@@ -2,6 +2,7 @@
 #define OVXID_CLI_COMMAND_TABLE_H
 
 #include <string_view>
+#include <vector>
 
 #include "command.h"
 
@@ -18,11 +19,14 @@ constexpr CommandTable commandTable;
 // Throws Failure if there is no command of this name.
 const Command& commandNamed(std::string_view name);
 
-// The options that stand before the command, and those that stand behind every command.
 constexpr Option verboseOption = {"verbose", 'v', nullptr,
                                   "Print the library's messages on standard error"};
 constexpr Option helpOption = {"help", 'h', nullptr, "Print a help text and exit"};
 constexpr Option versionOption = {"version", 'V', nullptr, "Print the version and exit"};
+
+// The options that stand before the command, and those that stand behind this one.
+std::vector<Option> generalOptions();
+std::vector<Option> optionsOf(const Command& command);
 
 }  // namespace ovxid::cli
 

@@ -29,12 +29,12 @@ std::string wordsOf(const Option& option) {
 
 std::string entryOf(const Option& option) { return entry(wordsOf(option), option.summary); }
 
-std::string optionsOf(const Command& command) {
+std::string entriesOf(const std::vector<Option>& options) {
   std::string text;
-  for (const Option& option : command.options) {
-    text += option.name == nullptr ? "" : entryOf(option);
+  for (const Option& option : options) {
+    text += entryOf(option);
   }
-  return text + entryOf(verboseOption) + entryOf(helpOption);
+  return text;
 }
 
 template <typename Table>
@@ -68,7 +68,7 @@ std::string choicesOf(const Command& command) {
 std::string helpText() {
   std::string text = "Usage: ovxid [OPTIONS] [COMMAND]\n\nTells which board this is.\n" +
                      entries("Commands", commandTable);
-  text += "\nOptions:\n" + entryOf(verboseOption) + entryOf(helpOption) + entryOf(versionOption);
+  text += "\nOptions:\n" + entriesOf(generalOptions());
   text += std::string("\nWithout a command: ") + commandTable.begin()->name + ".\n\nExit status:\n";
   for (const ExitStatus& status : exitStatuses) {
     text += entry(std::to_string(status.value), status.meaning);
@@ -79,7 +79,7 @@ std::string helpText() {
 std::string helpText(const Command& command) {
   std::string text = std::string("Usage: ovxid ") + command.name + " [OPTIONS]";
   text.append(*command.operands == '\0' ? "" : " ").append(command.operands).append("\n\n");
-  text.append(command.summary).append(".\n\nOptions:\n").append(optionsOf(command));
+  text.append(command.summary).append(".\n\nOptions:\n").append(entriesOf(optionsOf(command)));
   text += choicesOf(command);
   return text.append("\nExample:\n  ").append(command.example).append("\n");
 }
