@@ -10,7 +10,7 @@ namespace ovxid::cli {
 // Each is defined in the file of its name in commands/.
 namespace command {
 using Perform = int(const Invocation&);
-Perform check, explain, get, help, list, name, number, run, shell;
+Perform check, complete, explain, get, help, list, name, number, run, shell;
 }  // namespace command
 
 namespace {
@@ -108,12 +108,26 @@ constexpr Command table[] = {
      command::help},
 };
 
+// For the completion scripts of the shells.
+constexpr Command completeCommand = {"complete",
+                                     "[--] WORD [WORD...]",
+                                     1,
+                                     any,
+                                     Launches::nothing,
+                                     "Print what may stand in the place of the last WORD",
+                                     "ovxid complete -- list --format=",
+                                     {},
+                                     command::complete};
+
 }  // namespace
 
 const Command* CommandTable::begin() const { return std::begin(table); }
 const Command* CommandTable::end() const { return std::end(table); }
 
 const Command& commandNamed(std::string_view name) {
+  if (name == completeCommand.name) {
+    return completeCommand;
+  }
   return named(commandTable, name, "command", "ovxid --help");
 }
 

@@ -123,9 +123,9 @@ Request readWords(const Words& words) {
   // How many operands each takes, at least and at most.
   const std::size_t any = words.size();
   const std::map<std::string, std::pair<std::size_t, std::size_t>> commands{
-      {"list", {0, 0}},   {"get", {1, 1}},     {"name", {0, 0}},
-      {"number", {0, 0}}, {"explain", {0, 0}}, {"check", {0, any}},
-      {"run", {1, any}},  {"shell", {0, any}}, {"help", {0, 1}}};
+      {"list", {0, 0}},    {"get", {1, 1}},       {"name", {0, 0}},  {"number", {0, 0}},
+      {"explain", {0, 0}}, {"check", {0, any}},   {"run", {1, any}}, {"shell", {0, any}},
+      {"help", {0, 1}},    {"complete", {1, any}}};
   Request request{false, "", false, {}, {}};
   const Words rest = takeOptions(request, words.begin(), words.end(), version, false);
   request.command = rest.empty() ? "list" : rest.front();
