@@ -19,6 +19,13 @@ if(OVXID_BUILD_CLI)
       \"${PROJECT_BINARY_DIR}/ovxid.service\" @ONLY)" COMPONENT runtime)
   install(FILES "${PROJECT_BINARY_DIR}/ovxid.service"
     DESTINATION lib/systemd/system COMPONENT runtime)
+  # Where Debian's shells look.
+  install(FILES cli/completions/ovxid.bash RENAME ovxid
+    DESTINATION "${CMAKE_INSTALL_DATADIR}/bash-completion/completions" COMPONENT runtime)
+  install(FILES cli/completions/_ovxid
+    DESTINATION "${CMAKE_INSTALL_DATADIR}/zsh/vendor-completions" COMPONENT runtime)
+  install(FILES cli/completions/ovxid.fish
+    DESTINATION "${CMAKE_INSTALL_DATADIR}/fish/vendor_completions.d" COMPONENT runtime)
 endif()
 install(FILES man/known_ovx_ids.5 DESTINATION "${CMAKE_INSTALL_MANDIR}/man5" COMPONENT runtime)
 install(FILES man/libovxid.3 DESTINATION "${CMAKE_INSTALL_MANDIR}/man3" COMPONENT development)
