@@ -7,6 +7,8 @@
 #include <string_view>
 
 #include "diagnostics.h"
+#include "output.h"
+#include "platform.h"
 
 using log4cpp::Priority;
 
@@ -14,6 +16,7 @@ namespace ovxid::cli {
 
 namespace {
 
+// GCOVR_EXCL_START: gcc does not write its counts when a process aborts
 // The library aborts when it is to ask for the address of an interface whose name no kernel takes.
 void tellOfAbort(int /*signal*/) {
   constexpr std::string_view line =
@@ -21,6 +24,19 @@ void tellOfAbort(int /*signal*/) {
   // Nothing is left to be done when it cannot be written.
   [[maybe_unused]] const ssize_t count = write(STDERR_FILENO, line.data(), line.size());
 }
+// GCOVR_EXCL_STOP
+
+// While it lives, an abort is explained.
+class ExplainedAbort {
+ public:
+  ExplainedAbort() : mBefore(std::signal(SIGABRT, tellOfAbort)) {}
+  ~ExplainedAbort() { std::signal(SIGABRT, mBefore); }
+  ExplainedAbort(const ExplainedAbort&) = delete;
+  ExplainedAbort& operator=(const ExplainedAbort&) = delete;
+
+ private:
+  SignalHandler mBefore;
+};
 
 }  // namespace
 
@@ -37,9 +53,8 @@ void Board::identify() {
 }
 
 void Board::collect() {
-  const auto before = std::signal(SIGABRT, tellOfAbort);
+  const ExplainedAbort explained;
   mIdentifier.parse_params();
-  std::signal(SIGABRT, before);
 }
 
 bool Board::readLine(HardwareIdentity& identity, const std::string& line) {
@@ -51,9 +66,15 @@ bool Board::readLine(HardwareIdentity& identity, const std::string& line) {
 
 // A query would search an unidentified board once more.
 std::string Board::name() {
-  return mIdentified ? mIdentifier.getHardwareName().c_str() : "Unknown";
+  if (!mIdentified) {
+    return unknownName;
+  }
+  const std::string name = mIdentifier.getHardwareName();
+  return name.substr(0, name.find('\0'));
 }
 
-std::int32_t Board::number() { return mIdentified ? mIdentifier.getHardwareNumber() : -1; }
+std::int32_t Board::number() {
+  return mIdentified ? mIdentifier.getHardwareNumber() : unknownNumber;
+}
 
 }  // namespace ovxid::cli

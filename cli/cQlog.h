@@ -27,6 +27,8 @@ class __attribute__((visibility("default"))) cQlog {
   void fatal(const char* message, ...);
 
   const std::vector<std::string>& messages() const { return mMessages; }
+  // Those that were kept, which are kept no longer.
+  std::vector<std::string> takeMessages() { return std::exchange(mMessages, {}); }
 
  private:
   void take(const std::string& level, const std::string& message);

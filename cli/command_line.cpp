@@ -3,6 +3,7 @@
 #include <getopt.h>
 
 #include <algorithm>
+#include <cstdlib>
 #include <string>
 
 #include "command_table.h"
@@ -50,6 +51,10 @@ Options::Options(std::vector<Option> options, Reach reach, std::string help)
     }
   }
   mLong.push_back({});
+  if (reach == Reach::everywhere) {
+    // It would end the options at the first operand. Nothing is launched that could miss it.
+    unsetenv("POSIXLY_CORRECT");
+  }
   // Makes getopt_long(3) begin anew.
   optind = 0;
   opterr = 0;
@@ -81,12 +86,16 @@ void Options::refuseUnknown(const std::string& word) const {
   if (optopt != 0) {
     refuse({'-', static_cast<char>(optopt)}, "no such option");
   }
+  const std::string name = word.substr(0, word.find('='));
   std::vector<std::string> known;
+  std::string meant;
   for (const Option& each : mOptions) {
     known.push_back(std::string("--") + each.name);
+    if (known.back().compare(0, name.size(), name) == 0) {
+      meant += (meant.empty() ? "" : " or ") + known.back();
+    }
   }
-  const std::string name = word.substr(0, word.find('='));
-  refuse(name, "no such option" + suggestion(name, known));
+  refuse(name, meant.empty() ? "no such option" + suggestion(name, known) : "may be " + meant);
 }
 
 // Above all letters for options that have none.

@@ -13,7 +13,7 @@ int launch(const Invocation& invocation, Launched what) {
   Board board(invocation.verbose);
   board.identify();
   board.collect();
-  const InheritedPipeHandler inherited;
+  const InheritedHandlers inherited;
   board.identifier().execute(invocation.operandCount, invocation.operands, what == Launched::shell);
   return errno;
 }

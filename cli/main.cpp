@@ -27,7 +27,7 @@ int performOrComplain(int argc, char** argv) {
 int main(int argc, char** argv) {
   using ovxid::cli::complain;
   using ovxid::cli::exit_status::ownFailure;
-  ovxid::cli::ignoreClosedPipes();
+  ovxid::cli::turnSignalsIntoErrors();
   try {
     return ovxid::cli::performOrComplain(argc, argv);
   } catch (const std::bad_alloc&) {  // GCOVR_EXCL_BR_LINE: see below

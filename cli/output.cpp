@@ -4,11 +4,13 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <csignal>
 #include <cstdlib>
 #include <cstring>
 #include <iostream>
+#include <iterator>
 #include <string_view>
 #include <utility>
 
@@ -18,7 +20,9 @@ namespace ovxid::cli {
 
 namespace {
 
-SignalHandler inheritedHandler = SIG_DFL;
+// Both end the process when it writes: a pipe without a reader, and a file of the largest size.
+constexpr int signalsOfWriting[] = {SIGPIPE, SIGXFSZ};
+SignalHandler inherited[std::size(signalsOfWriting)];
 
 // Whether all of the text was written; errno tells why not.
 bool writeAll(int descriptor, std::string_view text) {
@@ -37,17 +41,57 @@ bool writeAll(int descriptor, std::string_view text) {
   throw Failure(exit_status::notWritten, what, std::strerror(reason));
 }
 
+// GCOVR_EXCL_START: gcc does not write its counts when a signal ends a process
 void dieOfClosedPipe() {
   std::signal(SIGPIPE, SIG_DFL);
   std::raise(SIGPIPE);
 }
+// GCOVR_EXCL_STOP
+
+void requireThatMessagesWereWritten() {
+  if (!std::cerr) {
+    failToWrite("standard error", EIO);
+  }
+}
+
+// While it lives, the signals by which a user ends a process wait.
+class Undisturbed {
+ public:
+  Undisturbed() {
+    sigset_t signals;
+    sigemptyset(&signals);
+    for (const int signal : {SIGHUP, SIGINT, SIGQUIT, SIGTERM}) {
+      sigaddset(&signals, signal);
+    }
+    sigprocmask(SIG_BLOCK, &signals, &mBefore);
+  }
+  ~Undisturbed() { sigprocmask(SIG_SETMASK, &mBefore, nullptr); }
+  Undisturbed(const Undisturbed&) = delete;
+  Undisturbed& operator=(const Undisturbed&) = delete;
+
+ private:
+  sigset_t mBefore{};
+};
 
 // The file itself, where the path is a link to it: the link is to stay.
 std::string fileBehind(const std::string& path) {
+  struct stat status {};
+  if (lstat(path.c_str(), &status) != 0 || !S_ISLNK(status.st_mode)) {
+    return path;
+  }
   char* const resolved = realpath(path.c_str(), nullptr);
-  std::string file = resolved == nullptr ? path : resolved;
+  if (resolved == nullptr) {
+    throw Failure(exit_status::notWritten, path, "a link that leads nowhere");
+  }
+  std::string file = resolved;
   std::free(resolved);
   return file;
+}
+
+// In the directory of the file, since only there a file can be renamed into its place. It has a
+// short name, as that of the file may be as long as names can be.
+std::string temporaryBeside(const std::string& path) {
+  return path.substr(0, path.rfind('/') + 1) + ".ovxid.XXXXXX";
 }
 
 // A device or a pipe would be replaced by a file that nobody reads.
@@ -62,7 +106,7 @@ void refuseSpecialFile(const std::string& path) {
 // A file beside the one that it is to replace, removed unless it did.
 class Replacement {
  public:
-  explicit Replacement(const std::string& path) : mPath(path), mTemporary(path + ".XXXXXX") {
+  explicit Replacement(const std::string& path) : mPath(path), mTemporary(temporaryBeside(path)) {
     mDescriptor = mkstemp(mTemporary.data());
   }
   ~Replacement() {
@@ -104,30 +148,42 @@ class Replacement {
 
 }  // namespace
 
-void ignoreClosedPipes() { inheritedHandler = std::signal(SIGPIPE, SIG_IGN); }
+void turnSignalsIntoErrors() {
+  std::transform(std::begin(signalsOfWriting), std::end(signalsOfWriting), std::begin(inherited),
+                 [](int signal) { return std::signal(signal, SIG_IGN); });
+}
 
-InheritedPipeHandler::InheritedPipeHandler() { std::signal(SIGPIPE, inheritedHandler); }
-InheritedPipeHandler::~InheritedPipeHandler() { std::signal(SIGPIPE, SIG_IGN); }
+InheritedHandlers::InheritedHandlers() {
+  for (std::size_t i = 0; i < std::size(signalsOfWriting); ++i) {
+    std::signal(signalsOfWriting[i], inherited[i]);
+  }
+}
+
+InheritedHandlers::~InheritedHandlers() {
+  for (const int signal : signalsOfWriting) {
+    std::signal(signal, SIG_IGN);
+  }
+}
 
 void print(const std::string& text) {
   if (!writeAll(STDOUT_FILENO, text)) {
     const int reason = errno;
-    if (reason == EPIPE && inheritedHandler != SIG_IGN) {
+    if (reason == EPIPE && inherited[0] != SIG_IGN) {
       dieOfClosedPipe();
     }
     failToWrite("standard output", reason);
   }
-  if (!std::cerr) {
-    failToWrite("standard error", EIO);
-  }
+  requireThatMessagesWereWritten();
 }
 
 void replaceFile(const std::string& path, const std::string& text) {
   refuseSpecialFile(path);
+  const Undisturbed undisturbed;
   Replacement replacement(fileBehind(path));
   if (!replacement.isWritten(text) || !replacement.isInPlace()) {
     failToWrite(path, errno);
   }
+  requireThatMessagesWereWritten();
 }
 
 }  // namespace ovxid::cli

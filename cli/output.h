@@ -7,16 +7,17 @@ namespace ovxid::cli {
 
 using SignalHandler = void (*)(int);
 
-// Ignores SIGPIPE, so that a closed pipe becomes a write error that can be reported. Called first.
-void ignoreClosedPipes();
+// Ignores SIGPIPE and SIGXFSZ, so that a closed pipe and a file that may not grow become write errors
+// that can be reported. Called first.
+void turnSignalsIntoErrors();
 
-// The handler of SIGPIPE that this process was started with, in force for as long as this lives.
-class InheritedPipeHandler {
+// The handlers of these that this process was started with, in force for as long as this lives.
+class InheritedHandlers {
  public:
-  InheritedPipeHandler();
-  ~InheritedPipeHandler();
-  InheritedPipeHandler(const InheritedPipeHandler&) = delete;
-  InheritedPipeHandler& operator=(const InheritedPipeHandler&) = delete;
+  InheritedHandlers();
+  ~InheritedHandlers();
+  InheritedHandlers(const InheritedHandlers&) = delete;
+  InheritedHandlers& operator=(const InheritedHandlers&) = delete;
 };
 
 // Writes the text to standard output at once. When its reader has gone away, the process ends by

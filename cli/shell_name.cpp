@@ -2,15 +2,14 @@
 
 #include <algorithm>
 
+#include "ascii.h"
+
 namespace ovxid::cli {
 
 namespace {
 
-bool isDigit(char byte) { return byte >= '0' && byte <= '9'; }
-
 bool isNameByte(char byte) {
-  return isDigit(byte) || (byte >= 'a' && byte <= 'z') || (byte >= 'A' && byte <= 'Z') ||
-         byte == '_';
+  return isDigit(byte) || isSmall(byte) || isCapital(byte) || byte == '_';
 }
 
 }  // namespace

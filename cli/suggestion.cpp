@@ -3,9 +3,13 @@
 #include <algorithm>
 #include <cstddef>
 
+#include "ascii.h"
+
 namespace ovxid::cli {
 
 namespace {
+
+bool isSame(char one, char other) { return toSmall(one) == toSmall(other); }
 
 using Row = std::vector<std::size_t>;
 
@@ -19,9 +23,9 @@ std::size_t distance(std::string_view from, std::string_view to) {
         rows[i][j] = i + j;
         continue;
       }
-      const std::size_t replaced = rows[i - 1][j - 1] + (from[i - 1] == to[j - 1] ? 0 : 1);
+      const std::size_t replaced = rows[i - 1][j - 1] + (isSame(from[i - 1], to[j - 1]) ? 0 : 1);
       rows[i][j] = std::min({replaced, rows[i - 1][j] + 1, rows[i][j - 1] + 1});
-      if (i > 1 && j > 1 && from[i - 1] == to[j - 2] && from[i - 2] == to[j - 1]) {
+      if (i > 1 && j > 1 && isSame(from[i - 1], to[j - 2]) && isSame(from[i - 2], to[j - 1])) {
         rows[i][j] = std::min(rows[i][j], rows[i - 2][j - 2] + 1);
       }
     }
@@ -32,13 +36,13 @@ std::size_t distance(std::string_view from, std::string_view to) {
 }  // namespace
 
 std::string suggestion(std::string_view mistyped, const std::vector<std::string>& known) {
-  // A third of the letters may be wrong, and no word that long is near to any of ours.
+  // A third of the letters may be wrong, and one of a short word, but not all of them.
   constexpr std::size_t longest = 64;
   std::string nearest;
-  std::size_t least = std::min(mistyped.size(), longest) / 3 + 1;
+  std::size_t least = std::max<std::size_t>(std::min(mistyped.size(), longest) / 3 + 1, 2);
   for (const std::string& word : known) {
     const std::size_t letters = mistyped.size() > longest ? longest : distance(mistyped, word);
-    if (letters < least) {
+    if (letters < least && letters < mistyped.size()) {
       least = letters;
       nearest = word;
     }

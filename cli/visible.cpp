@@ -1,14 +1,15 @@
 #include "visible.h"
 
 #include <algorithm>
+#include <iterator>
+#include <utility>
 
+#include "hexadecimal.h"
 #include "utf8.h"
 
 namespace ovxid::cli {
 
 namespace {
-
-constexpr char digits[] = "0123456789abcdef";
 
 std::string escaped(char byte) {
   switch (byte) {
@@ -20,9 +21,10 @@ std::string escaped(char byte) {
       return "\\n";
     case '\r':
       return "\\r";
+    case '\\':
+      return "\\\\";
     default:
-      const auto value = static_cast<unsigned char>(byte);
-      return {'\\', 'x', digits[value / 16], digits[value % 16]};
+      return "\\x" + hexadecimal({&byte, 1});
   }
 }
 
@@ -35,34 +37,56 @@ bool isControl(std::string_view character) {
   return character.size() == 2 && character[0] == '\xc2' && character[1] < '\xa0';
 }
 
-// The text with each part replaced that is a control character or no UTF-8.
-template <typename Replace>
-std::string replaced(std::string_view text, Replace replace) {
+// Characters that take no place, or look like a blank, or change the direction of what follows.
+constexpr std::pair<std::string_view, std::string_view> unseen[] = {
+    {"\xc2\xa0", "\xc2\xa0"},          // no-break space
+    {"\xc2\xad", "\xc2\xad"},          // soft hyphen
+    {"\xe2\x80\x80", "\xe2\x80\x8f"},  // spaces, zero width, direction
+    {"\xe2\x80\xa8", "\xe2\x80\xaf"},  // line separator, direction
+    {"\xe2\x81\x9f", "\xe2\x81\xaf"},  // spaces, zero width, direction
+    {"\xe3\x80\x80", "\xe3\x80\x80"},  // wide space
+    {"\xef\xbb\xbf", "\xef\xbb\xbf"},  // byte order mark
+};
+
+bool isUnseen(std::string_view character) {
+  return std::any_of(std::begin(unseen), std::end(unseen), [&](const auto& range) {
+    return character.size() == range.first.size() && character >= range.first &&
+           character <= range.second;
+  });
+}
+
+// The text with each part replaced for which this holds, or that is no UTF-8.
+template <typename Predicate, typename Replace>
+std::string replaced(std::string_view text, Predicate isReplaced, Replace replace) {
   std::string result;
   while (!text.empty()) {
     const std::size_t length = characterLength(text);
     const std::string_view part = text.substr(0, std::max<std::size_t>(length, 1));
-    result += length == 0 || isControl(part) ? replace(part) : std::string(part);
+    result += length == 0 || isReplaced(part) ? replace(part) : std::string(part);
     text.remove_prefix(part.size());
   }
   return result;
 }
 
+std::string escapes(std::string_view part) {
+  std::string text;
+  for (const char byte : part) {
+    text += escaped(byte);
+  }
+  return text;
+}
+
+bool isEscaped(std::string_view character) {
+  return isControl(character) || isUnseen(character) || character == "\\";
+}
+
 }  // namespace
 
 std::string harmless(std::string_view text) {
-  return replaced(text, [](std::string_view) { return "?"; });
+  return replaced(text, isControl, [](std::string_view) { return "?"; });
 }
 
-std::string visible(std::string_view text) {
-  return replaced(text, [](std::string_view part) {
-    std::string escapes;
-    for (const char byte : part) {
-      escapes += escaped(byte);
-    }
-    return escapes;
-  });
-}
+std::string visible(std::string_view text) { return replaced(text, isEscaped, escapes); }
 
 std::string shown(std::string_view text) { return "'" + visible(text) + "'"; }
 

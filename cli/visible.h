@@ -4,13 +4,15 @@
 #include <string>
 #include <string_view>
 
-// What is done about bytes that a terminal obeys instead of showing them, or that are no UTF-8.
+// What is done about bytes that do not show as they are.
 namespace ovxid::cli {
 
-// The text with a question mark for each of them.
+// The text with a question mark for each control character and each byte that is no UTF-8: a
+// terminal would obey them.
 std::string harmless(std::string_view text);
 
-// The text with an escape for each of them: \0, \t, \n, \r or \xHH.
+// The text with an escape for each byte of these and of other characters that do not show, as the
+// no-break space: \0, \t, \n, \r or \xHH. A backslash is doubled.
 std::string visible(std::string_view text);
 
 // The visible text between single quotes.

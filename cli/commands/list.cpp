@@ -1,3 +1,5 @@
+#include <string_view>
+
 #include "board.h"
 #include "command.h"
 #include "exit_status.h"
@@ -13,7 +15,7 @@ int list(const Invocation& invocation) {
   board.identify();
   board.collect();
   const std::string text = format.write(board);
-  if (file == nullptr) {
+  if (file == nullptr || std::string_view(file) == "-") {
     print(text);
   } else {
     replaceFile(file, text);

@@ -1,10 +1,12 @@
 #include <ovxid/parameters.h>
 
+#include <algorithm>
 #include <nlohmann/json.hpp>
 
 #include "account.h"
 #include "catalogue.h"
 #include "format.h"
+#include "hexadecimal.h"
 #include "utf8.h"
 
 namespace ovxid::cli::format {
@@ -12,16 +14,6 @@ namespace ovxid::cli::format {
 namespace {
 
 using Json = nlohmann::ordered_json;
-
-std::string hexadecimal(std::string_view bytes) {
-  constexpr char digits[] = "0123456789abcdef";
-  std::string text;
-  for (const char byte : bytes) {
-    const auto value = static_cast<unsigned char>(byte);
-    text += {digits[value / 16], digits[value % 16]};
-  }
-  return text;
-}
 
 std::string_view withoutLastNul(std::string_view value) {
   return !value.empty() && value.back() == '\0' ? value.substr(0, value.size() - 1) : value;
@@ -69,13 +61,22 @@ Json toJson(const ovx_param& parameter) {
   return object;
 }
 
+// Where one of them is no text, all stand in hexadecimal as well, in their order.
 void setAliases(Json& object, Board& board) {
-  const Catalogue catalogue(board);
   object["aliases"] = Json::array();
-  if (const CatalogueEntry* const chosen = catalogue.chosen(board)) {
-    for (const std::string& alias : chosen->identity.aliases) {
-      const bool isText = isUtf8(alias);
-      object[isText ? "aliases" : "aliases_hex"].push_back(isText ? alias : hexadecimal(alias));
+  const Catalogue catalogue(board);
+  const CatalogueEntry* const chosen = catalogue.chosen(board);
+  if (chosen == nullptr) {
+    return;
+  }
+  const std::vector<std::string>& aliases = chosen->identity.aliases;
+  const bool areText = std::all_of(aliases.begin(), aliases.end(), isUtf8);
+  for (const std::string& alias : aliases) {
+    if (isUtf8(alias)) {
+      object["aliases"].push_back(alias);
+    }
+    if (!areText) {
+      object["aliases_hex"].push_back(hexadecimal(alias));
     }
   }
 }

@@ -30,7 +30,8 @@ std::string metric(const std::string& name, const std::string& help) {
 
 std::string boardInfo(Board& board) {
   const std::optional<Source> source = decidingSource(board);
-  return "ovxid_board_info{name=" + quoted(visible(board.name())) + ",number=\"" +
+  const std::string name = board.name();
+  return "ovxid_board_info{name=" + quoted(isUtf8(name) ? name : visible(name)) + ",number=\"" +
          std::to_string(board.number()) + "\",source=\"" + (source ? nameOf(*source) : "") +
          "\"} 1\n";
 }

@@ -56,6 +56,12 @@ TEST_F(FrontEnd, TakesTheLastOfTwoValuesOfAnOption) {
   EXPECT_EQ(ovxid({"list", "--format=null", "--format", "plain"}).out, "OVX_WIFI=yes\n");
 }
 
+TEST_F(FrontEnd, ReadsOptionsBehindOperandsWhateverPosixWants) {
+  mBoard.file("/proc/in/a", "Kestrel:0x12\n");
+  isPosixlyCorrect();
+  EXPECT_EQ(ovxid({"check", "/proc/in/a", "--ignore", "number-text"}), (Outcome{0, "", ""}));
+}
+
 struct UsageCase {
   const char* name;
   Arguments arguments;
@@ -88,6 +94,16 @@ INSTANTIATE_TEST_SUITE_P(
         UsageCase{"ACommandWithTwoLettersSwapped",
                   {"nubmer"},
                   "nubmer: no such command, did you mean 'number'? (see 'ovxid --help"},
+        UsageCase{"ACommandInCapitals",
+                  {"LIST"},
+                  "LIST: no such command, did you mean 'list'? (see 'ovxid --help"},
+        UsageCase{"AShortCommandWithALetterLeftOut",
+                  {"rn"},
+                  "rn: no such command, did you mean 'run'? (see 'ovxid --help"},
+        UsageCase{"ALetter", {"x"}, "x: no such command (see 'ovxid --help"},
+        UsageCase{"AnOptionThatIsTooShort",
+                  {"--ver"},
+                  "--ver: may be --verbose or --version (see 'ovxid --help"},
         UsageCase{"TheHelpOfAnUnknownCommand",
                   {"help", "shel"},
                   "shel: no such command, did you mean 'shell'? (see 'ovxid --help"},

@@ -138,7 +138,7 @@ TEST_F(Formats, SystemdNamesInACommentWhatItDoesNotTake) {
   const std::string name = " is left out: systemd takes no variable of this name";
   const std::string value = " is left out: systemd takes no value with these bytes";
   EXPECT_EQ(lines("systemd"),
-            (Lines{"# OVX_GPIO-1" + name, "# OVX_NAME\\" + name, "# OVX_LATIN" + value,
+            (Lines{"# OVX_GPIO-1" + name, "# OVX_NAME\\\\" + name, "# OVX_LATIN" + value,
                    "# OVX_NONE" + value, "# OVX_LAST" + value, "# OVX_ARABIC" + value,
                    "OVX_BEFORE=\"\xef\xb7\x8f\"", "OVX_BEHIND=\"\xef\xb7\xb0\"",
                    "OVX_REPLACEMENT=\"\xef\xbf\xbd\"", "OVX_PLANE=\"\xf0\x9e\xbf\xbe\""}));

@@ -4,6 +4,7 @@
 #include <sched.h>
 #include <sys/mount.h>
 #include <sys/personality.h>
+#include <sys/resource.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -95,6 +96,17 @@ void FrontEnd::bashIsNotExecutable() {
 
 void FrontEnd::closedPipeIsIgnored() {
   mPreparations.emplace_back([] { std::signal(SIGPIPE, SIG_IGN); });
+}
+
+void FrontEnd::filesAreAtMost(unsigned bytes) {
+  mPreparations.emplace_back([bytes] {
+    const rlimit limit{bytes, bytes};
+    require(setrlimit(RLIMIT_FSIZE, &limit), "limit the size of files");
+  });
+}
+
+void FrontEnd::isPosixlyCorrect() {
+  mPreparations.emplace_back([] { setenv("POSIXLY_CORRECT", "1", 1); });
 }
 
 void FrontEnd::onAPc() {

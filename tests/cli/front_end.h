@@ -30,6 +30,8 @@ class FrontEnd : public testing::Test {
   void shellIs(const char* shell);
   void bashIsNotExecutable();
   void closedPipeIsIgnored();
+  void filesAreAtMost(unsigned bytes);
+  void isPosixlyCorrect();
   void onAPc();
   // What uname(2) tells the front end and what it starts.
   void kernelIs(const std::string& release, const std::string& machine);

@@ -143,7 +143,7 @@ TEST_F(JsonFormat, ShowsNamesThatAreNoText) {
   EXPECT_FALSE(board.contains("name"));
   EXPECT_EQ(board["name_hex"], "4669656c64ff");
   EXPECT_EQ(board["aliases"], Json{"fn1"});
-  EXPECT_EQ(board["aliases_hex"], Json{"fe"});
+  EXPECT_EQ(board["aliases_hex"], (Json{"666e31", "fe"}));
 }
 
 TEST_F(JsonFormat, ShowsTextWithoutTheNulThatEndsIt) {

@@ -83,6 +83,46 @@ TEST_F(OutputFile, StaysWhenItsDirectoryIsFull) {
   EXPECT_EQ(filesIn("/proc/full"), (std::set<std::string>{"listing"}));
 }
 
+TEST_F(OutputFile, StaysWhenFilesMayNotBeLarge) {
+  mBoard.property("long", std::string(1000, 'l'));
+  filesAreAtMost(500);
+  EXPECT_EQ(listTo("/proc/out/listing"),
+            (Outcome{3, "", "ovxid: /proc/out/listing: File too large\n"}));
+  EXPECT_EQ(contentOf("/proc/out/listing"), "old\n");
+  EXPECT_EQ(filesIn("/proc/out"), (std::set<std::string>{"listing"}));
+}
+
+TEST_F(OutputFile, StaysWhenItCannotBeReplaced) {
+  ASSERT_EQ(mount("/proc/out/listing", "/proc/out/listing", nullptr, MS_BIND, nullptr), 0);
+  EXPECT_EQ(listTo("/proc/out/listing"),
+            (Outcome{3, "", "ovxid: /proc/out/listing: Device or resource busy\n"}));
+  EXPECT_EQ(filesIn("/proc/out"), (std::set<std::string>{"listing"}));
+  umount("/proc/out/listing");
+}
+
+TEST_F(OutputFile, ReplacesNoLinkThatLeadsNowhere) {
+  std::filesystem::create_symlink("nowhere", "/proc/out/link");
+  EXPECT_EQ(listTo("/proc/out/link"),
+            (Outcome{3, "", "ovxid: /proc/out/link: a link that leads nowhere\n"}));
+  EXPECT_TRUE(std::filesystem::is_symlink("/proc/out/link"));
+}
+
+TEST_F(OutputFile, MayHaveTheLongestName) {
+  const std::string path = "/proc/out/" + std::string(255, 'n');
+  EXPECT_EQ(listTo(path), (Outcome{0, "", ""}));
+  EXPECT_EQ(contentOf(path), "OVX_WIFI=yes\n");
+}
+
+TEST_F(OutputFile, MayBeStandardOutput) {
+  EXPECT_EQ(listTo("-"), (Outcome{0, "OVX_WIFI=yes\n", ""}));
+}
+
+TEST_F(OutputFile, IsWrittenWhenMessagesAreLost) {
+  messagesTo("/dev/full");
+  EXPECT_EQ(ovxid({"-v", "list", "--output", "/proc/out/listing"}).status, 3);
+  EXPECT_EQ(contentOf("/proc/out/listing"), "OVX_WIFI=yes\n");
+}
+
 TEST_F(OutputFile, CannotBeMadeInAMissingDirectory) {
   EXPECT_EQ(listTo("/proc/missing/listing"),
             (Outcome{3, "", "ovxid: /proc/missing/listing: No such file or directory\n"}));
