@@ -21,10 +21,14 @@ bool isSaid(const Board& board, std::string_view beginning) {
   return behind(board, beginning).has_value();
 }
 
-// A value that stands between this beginning and a single quote that ends the message.
+// A value that stands between this beginning and the single quote that ends the message. A NUL byte
+// in the value ends the message before that: then the message does not tell it.
 std::optional<std::string> quotedBehind(const Board& board, std::string_view beginning) {
   const std::optional<std::string_view> value = behind(board, beginning);
-  return value ? std::optional(std::string(value->substr(0, value->size() - 1))) : std::nullopt;
+  if (!value || value->empty() || value->back() != '\'') {
+    return std::nullopt;
+  }
+  return std::string(value->substr(0, value->size() - 1));
 }
 
 }  // namespace

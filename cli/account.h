@@ -20,9 +20,10 @@ std::optional<Source> decidingSource(const Board& board);
 
 // Whether the catalogue file was opened.
 bool isCatalogueOpened(const Board& board);
-// The part of the kernel's release that was looked up as an alias.
+// The part of the kernel's release that was looked up as an alias, if a message tells it.
 std::optional<std::string> suffixLookedUp(const Board& board);
-// The value of the Hardware line that was looked up as a name and as an alias.
+// The value of the Hardware line that was looked up as a name and as an alias, if a message tells
+// it.
 std::optional<std::string> hardwareLookedUp(const Board& board);
 
 }  // namespace ovxid::cli

@@ -31,6 +31,11 @@ void Catalogue::readLines(Board& board, std::string_view content) {
   }
 }
 
+bool hasAlias(const HardwareIdentity& identity, std::string_view alias) {
+  return std::find(identity.aliases.begin(), identity.aliases.end(), alias) !=
+         identity.aliases.end();
+}
+
 const CatalogueEntry* Catalogue::named(std::string_view name) const {
   const auto found =
       std::find_if(mEntries.begin(), mEntries.end(),
@@ -40,24 +45,30 @@ const CatalogueEntry* Catalogue::named(std::string_view name) const {
 
 const CatalogueEntry* Catalogue::withAlias(std::string_view alias) const {
   const auto found =
-      std::find_if(mEntries.begin(), mEntries.end(), [&](const CatalogueEntry& each) {
-        const std::vector<std::string>& aliases = each.identity.aliases;
-        return std::find(aliases.begin(), aliases.end(), alias) != aliases.end();
-      });
+      std::find_if(mEntries.begin(), mEntries.end(),
+                   [&](const CatalogueEntry& each) { return hasAlias(each.identity, alias); });
   return found == mEntries.end() ? nullptr : &*found;
 }
 
-const CatalogueEntry* Catalogue::chosen(const Board& board) const {
+// Where boards have the same name and number, what was looked up tells them apart.
+const CatalogueEntry* Catalogue::chosen(Board& board) const {
   const std::optional<Source> source = decidingSource(board);
-  if (source == Source::kernelRelease) {
-    return withAlias(suffixLookedUp(board).value_or(""));
+  if (source != Source::kernelRelease && source != Source::cpuinfo) {
+    return nullptr;
   }
-  if (source == Source::cpuinfo) {
-    const std::string value = hardwareLookedUp(board).value_or("");
-    const CatalogueEntry* const byName = named(value);
-    return byName == nullptr ? withAlias(value) : byName;
+  const std::string name = board.identifier().getHardwareName();
+  const std::string value =
+      (source == Source::cpuinfo ? hardwareLookedUp(board) : suffixLookedUp(board)).value_or(name);
+  const CatalogueEntry* first = nullptr;
+  for (const CatalogueEntry& entry : mEntries) {
+    if (entry.identity.name == name && entry.identity.number == board.number()) {
+      if (name == value || hasAlias(entry.identity, value)) {
+        return &entry;
+      }
+      first = first == nullptr ? &entry : first;
+    }
   }
-  return nullptr;
+  return first;
 }
 
 }  // namespace ovxid::cli

@@ -18,6 +18,8 @@ struct CatalogueEntry {
   std::size_t line;
 };
 
+bool hasAlias(const HardwareIdentity& identity, std::string_view alias);
+
 // The catalogue as the library loaded it. The board must keep its messages.
 class Catalogue {
  public:
@@ -33,7 +35,7 @@ class Catalogue {
   const CatalogueEntry* named(std::string_view name) const;
   const CatalogueEntry* withAlias(std::string_view alias) const;
   // The board that identified this one, if one did.
-  const CatalogueEntry* chosen(const Board& board) const;
+  const CatalogueEntry* chosen(Board& board) const;
 
  private:
   void readLines(Board& board, std::string_view content);

@@ -14,12 +14,14 @@ struct CatalogueCheck::TalkingReader {
   OvxIdentifier identifier{&log};
 };
 
-CatalogueCheck::CatalogueCheck() : mReader(nullptr) {}
+CatalogueCheck::CatalogueCheck(bool verbose)
+    : mLog({verbose, false}), mReader(verbose ? &mLog : nullptr) {}
 CatalogueCheck::~CatalogueCheck() = default;
 
 void CatalogueCheck::check(std::string_view content, Findings& findings) {
-  EarlierBoards earlier(static_cast<std::size_t>(std::count(content.begin(), content.end(), '\n')) +
-                        1);
+  const auto lines = static_cast<std::size_t>(std::count(content.begin(), content.end(), '\n'));
+  const auto colons = static_cast<std::size_t>(std::count(content.begin(), content.end(), ':'));
+  EarlierBoards earlier(lines + 1, colons + 1);
   const bool endsInNewline = content.empty() || content.back() == '\n';
   std::size_t number = 0;
   while (const std::optional<std::string_view> text = takeLine(content)) {
@@ -52,17 +54,19 @@ void CatalogueCheck::reportPassedOver(std::string_view text, std::size_t number,
   }
 }
 
-// The library's message ends in its reason, in brackets.
-std::string CatalogueCheck::reasonFor(const std::string& text) {
+// The library's message ends in its reason, in brackets. A NUL byte in the line would end it
+// before.
+std::string CatalogueCheck::reasonFor(std::string text) {
+  std::replace(text.begin(), text.end(), '\0', '?');
   if (!mTalkingReader) {
     mTalkingReader = std::make_unique<TalkingReader>();
   }
   TalkingReader& reader = *mTalkingReader;
   reader.log.use({false, true});
   HardwareIdentity identity{};
-  reader.identifier.parseIdentityLine(identity, text);
+  reader.identifier.parseIdentityLine(identity, std::move(text));
   reader.log.use({false, false});
-  const std::string message = reader.log.messages().back();
+  const std::string message = reader.log.takeMessages().back();
   const auto begin = message.rfind('(') + 1;
   return message.substr(begin, message.size() - 1 - begin);
 }

@@ -7,6 +7,7 @@
 #include <string>
 #include <string_view>
 
+#include "cQlog.h"
 #include "check/findings.h"
 
 namespace ovxid::cli {
@@ -14,7 +15,8 @@ namespace ovxid::cli {
 // Says what is wrong with catalogues. What the library reads is asked of the library.
 class CatalogueCheck {
  public:
-  CatalogueCheck();
+  // With `verbose`, the library's messages go to standard error.
+  explicit CatalogueCheck(bool verbose);
   ~CatalogueCheck();
   CatalogueCheck(const CatalogueCheck&) = delete;
   CatalogueCheck& operator=(const CatalogueCheck&) = delete;
@@ -25,9 +27,10 @@ class CatalogueCheck {
   struct TalkingReader;
 
   void reportPassedOver(std::string_view text, std::size_t number, Findings& findings);
-  std::string reasonFor(const std::string& text);
+  std::string reasonFor(std::string text);
 
   // Without a logger it reads several times faster. Only lines that are passed over need the other.
+  cQlog mLog;
   OvxIdentifier mReader;
   std::unique_ptr<TalkingReader> mTalkingReader;
 };

@@ -7,9 +7,6 @@ namespace ovxid::cli {
 
 namespace {
 
-// Most boards have a name and an alias.
-constexpr std::size_t textsOfLine = 2;
-
 std::string inLine(std::size_t number) { return " in line " + std::to_string(number); }
 
 // Gives the line what no earlier one has, and returns the earlier line that has it, or 0.
@@ -22,8 +19,8 @@ std::size_t take(std::size_t& taker, const Line& line) {
 
 }  // namespace
 
-EarlierBoards::EarlierBoards(std::size_t lines) {
-  mTexts.reserve(lines * textsOfLine);
+EarlierBoards::EarlierBoards(std::size_t lines, std::size_t texts) {
+  mTexts.reserve(texts);
   mNumbers.reserve(lines);
 }
 
@@ -52,13 +49,14 @@ bool EarlierBoards::takeName(const Line& line, Findings& findings) {
   if (takers.byAlias != 0) {
     findings.warn(warning::nameIsAlias, line.number,
                   shown(line.name()) + " is an alias of the board" + inLine(takers.byAlias) +
-                      ", which a kernel's release finds");
+                      (canEndRelease(line.name()) ? ", which a kernel's release finds"
+                                                  : ", which a Hardware line finds no more"));
   }
   const std::size_t earlier = take(takers.byName, line);
   if (earlier != 0) {
-    findings.warn(
-        warning::sameName, line.number,
-        shown(line.name()) + " is the board" + inLine(earlier) + ", which is found instead");
+    findings.warn(warning::sameName, line.number,
+                  shown(line.name()) + " is the name of the board" + inLine(earlier) +
+                      ", which is found instead");
   }
   return earlier == 0;
 }

@@ -12,10 +12,10 @@ namespace ovxid::cli {
 // What the lines before one have taken: the first board that fits is found, no later one.
 class EarlierBoards {
  public:
-  // Makes room for the boards of so many lines.
-  explicit EarlierBoards(std::size_t lines);
+  // Makes room for so many lines and texts: to grow takes longer than to begin large.
+  EarlierBoards(std::size_t lines, std::size_t texts);
 
-  // Compares a line with the earlier ones, of which it is the next one from then on.
+  // Compares a line with those before it, and remembers it for those behind it.
   void checkAndAdd(const Line& line, Findings& findings);
 
  private:

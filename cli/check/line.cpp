@@ -22,11 +22,7 @@ std::vector<std::string_view> valuesOf(std::string_view text) {
 }  // namespace
 
 Line lineOf(std::size_t number, std::string_view text, std::int32_t boardNumber) {
-  const bool hasCarriageReturn = !text.empty() && text.back() == '\r';
-  if (hasCarriageReturn) {
-    text.remove_suffix(1);
-  }
-  return {number, hasCarriageReturn, valuesOf(text), boardNumber};
+  return {number, valuesOf(text), boardNumber};
 }
 
 }  // namespace ovxid::cli

@@ -4,6 +4,8 @@
 
 #include <algorithm>
 
+#include "ascii.h"
+#include "platform.h"
 #include "visible.h"
 
 namespace ovxid::cli {
@@ -12,20 +14,41 @@ namespace {
 
 constexpr std::string_view blanks = " \t\v\f";
 
-bool isCapital(char byte) { return byte >= 'A' && byte <= 'Z'; }
-bool isDigit(char byte) { return byte >= '0' && byte <= '9'; }
+// The value without the carriage return that ends it, which has a warning of its own.
+std::string_view withoutReturn(std::string_view value) {
+  return value.back() == '\r' ? value.substr(0, value.size() - 1) : value;
+}
+
+bool beginsOrEnds(std::string_view value, std::string_view part) {
+  return value.size() >= part.size() &&
+         (value.substr(0, part.size()) == part || value.substr(value.size() - part.size()) == part);
+}
 
 bool hasBlanksAround(std::string_view value) {
-  return blanks.find(value.front()) != std::string_view::npos ||
-         blanks.find(value.back()) != std::string_view::npos;
+  constexpr std::string_view noBreakSpace = "\xc2\xa0";
+  return beginsOrEnds(value, noBreakSpace) ||
+         std::any_of(blanks.begin(), blanks.end(), [&](const char& blank) {
+           return beginsOrEnds(value, {&blank, 1});
+         });
 }
 
 void checkBlanks(const Line& line, Findings& findings) {
   for (const std::string_view& value : line.values) {
-    if (hasBlanksAround(value)) {
+    if (hasBlanksAround(withoutReturn(value))) {
       findings.warn(warning::blanks, line.number,
-                    "there are blanks around " + shown(value) +
+                    "there are blanks around " + shown(withoutReturn(value)) +
                         (&value == &line.values[1] ? "" : ", which belong to it"));
+    }
+  }
+}
+
+void checkQuotes(const Line& line, Findings& findings) {
+  for (const std::string_view whole : line.values) {
+    const std::string_view value = withoutReturn(whole);
+    if (value.size() > 1 && value.front() == value.back() &&
+        (value.front() == '"' || value.front() == '\'')) {
+      findings.warn(warning::quotes, line.number,
+                    "the quotes of " + visible(value) + " belong to the value");
     }
   }
 }
@@ -42,27 +65,32 @@ std::string_view behindDigits(std::string_view text) {
 
 void checkNumber(const Line& line, Findings& findings) {
   const std::string_view rest = behindDigits(line.numberText());
-  if (rest.find_first_not_of(blanks) != std::string_view::npos) {
+  if (rest.find_first_not_of(" \t\v\f\r") != std::string_view::npos) {
     findings.warn(warning::numberText, line.number,
                   shown(line.numberText()) + " is read as " + std::to_string(line.boardNumber));
   }
-  if (line.boardNumber == -1) {
+  if (line.boardNumber == unknownNumber) {
     findings.warn(warning::reservedNumber, line.number,
                   "the number -1 means that a board is not identified");
   }
-  if (line.boardNumber == 64 && line.name() != "x86_64 PC") {
+  if (line.boardNumber < unknownNumber) {
+    findings.warn(warning::reservedNumber, line.number,
+                  "a board with a number below 0 gets no OVX_ID and no OVX_DESC");
+  }
+  if (line.boardNumber == pcNumber && line.name() != "x86_64 PC") {
     findings.warn(warning::reservedNumber, line.number, "the number 64 means a PC");
   }
 }
 
 void checkAliases(const Line& line, Findings& findings) {
-  for (auto alias = line.values.begin() + 2; alias != line.values.end(); ++alias) {
-    if (*alias == "x86_64") {
+  for (auto value = line.values.begin() + 2; value != line.values.end(); ++value) {
+    const std::string_view alias = withoutReturn(*value);
+    if (alias == "x86_64") {
       findings.warn(warning::pcAlias, line.number,
                     "'x86_64' is the end of a kernel's release here, not the machine");
-    } else if (!canEndRelease(*alias) && !isLikeHardware(*alias)) {
+    } else if (!canEndRelease(alias) && !isLikeHardware(alias)) {
       findings.warn(warning::impossibleAlias, line.number,
-                    shown(*alias) +
+                    shown(alias) +
                         " cannot follow the last '-' of a release, and is like no "
                         "Hardware value");
     }
@@ -82,7 +110,7 @@ void checkText(std::string_view text, std::size_t number, Findings& findings) {
 }
 
 void checkValues(const Line& line, Findings& findings) {
-  if (line.hasCarriageReturn) {
+  if (line.hasCarriageReturn()) {
     findings.warn(warning::carriageReturn, line.number,
                   "the carriage return at the end belongs to the last value");
   }
@@ -91,6 +119,7 @@ void checkValues(const Line& line, Findings& findings) {
                   "there are no comments: this is the board " + shown(line.name()));
   }
   checkBlanks(line, findings);
+  checkQuotes(line, findings);
   checkNumber(line, findings);
   checkAliases(line, findings);
 }
@@ -103,7 +132,8 @@ bool canEndRelease(std::string_view alias) {
 }
 
 bool isLikeHardware(std::string_view text) {
-  return text.find('\0') == std::string_view::npos &&
+  const bool isLikeRelease = isDigit(text.front()) && text.find('-') != std::string_view::npos;
+  return !isLikeRelease && text.find('\0') == std::string_view::npos &&
          (text.find(' ') != std::string_view::npos ||
           std::any_of(text.begin(), text.end(), isCapital));
 }

@@ -17,9 +17,10 @@ constexpr Warning noNewline = {"no-newline", "no newline ends the last line"};
 constexpr Warning emptyLine = {"empty-line", "a line is empty, which the library reports"};
 constexpr Warning comment = {"comment", "a line begins with '#', but there are no comments"};
 constexpr Warning blanks = {"blanks", "a value has blanks around it, which belong to it"};
+constexpr Warning quotes = {"quotes", "a value has quotes around it, which belong to it"};
 constexpr Warning numberText = {"number-text", "text follows the digits of the number"};
 constexpr Warning reservedNumber = {"reserved-number",
-                                    "the number is that of unknown boards or PCs"};
+                                    "the number is that of unknown boards or PCs, or below 0"};
 constexpr Warning pcAlias = {"pc-alias",
                              "the alias x86_64 is no machine, but the end of a release"};
 constexpr Warning impossibleAlias = {"impossible-alias",
@@ -33,11 +34,10 @@ constexpr Warning unmatchable = {"unmatchable", "nothing can match the board"};
 }  // namespace warning
 
 constexpr Warning warnings[] = {
-    warning::byteOrderMark, warning::carriageReturn,  warning::nul,
-    warning::noNewline,     warning::emptyLine,       warning::comment,
-    warning::blanks,        warning::numberText,      warning::reservedNumber,
-    warning::pcAlias,       warning::impossibleAlias, warning::sameName,
-    warning::sameNumber,    warning::sameAlias,       warning::aliasIsName,
+    warning::byteOrderMark, warning::carriageReturn, warning::nul,       warning::noNewline,
+    warning::emptyLine,     warning::comment,        warning::blanks,    warning::quotes,
+    warning::numberText,    warning::reservedNumber, warning::pcAlias,   warning::impossibleAlias,
+    warning::sameName,      warning::sameNumber,     warning::sameAlias, warning::aliasIsName,
     warning::nameIsAlias,   warning::unmatchable,
 };
 

@@ -1,3 +1,5 @@
+#include <unistd.h>
+
 #include <cerrno>
 #include <cstring>
 
@@ -8,6 +10,7 @@
 #include "named.h"
 #include "output.h"
 #include "text_file.h"
+#include "visible.h"
 
 namespace ovxid::cli::command {
 
@@ -33,9 +36,9 @@ std::vector<std::string> filesOf(const Invocation& invocation) {
 // One that cannot be read does not keep the others from being checked.
 int check(const Invocation& invocation) {
   const std::vector<std::string> ignored = ignoredWarnings(invocation);
-  CatalogueCheck catalogueCheck;
+  CatalogueCheck catalogueCheck(invocation.verbose);
   ExitStatus status = exit_status::done;
-  std::string text;
+  bool found = false;
   for (const std::string& file : filesOf(invocation)) {
     const std::optional<std::string> content = contentOf(file);
     if (!content) {
@@ -43,12 +46,12 @@ int check(const Invocation& invocation) {
       status = exit_status::notRead;
       continue;
     }
-    Findings findings(file, ignored);
+    Findings findings(isatty(STDOUT_FILENO) != 0 ? harmless(file) : file, ignored);
     catalogueCheck.check(*content, findings);
-    text += findings.text();
+    print(findings.text());
+    found = found || !findings.text().empty();
   }
-  print(text);
-  if (status.value == exit_status::done.value && !text.empty()) {
+  if (status.value == exit_status::done.value && found) {
     status = exit_status::no;
   }
   return status.value;

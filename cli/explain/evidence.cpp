@@ -2,7 +2,7 @@
 
 #include <cerrno>
 
-#include "diagnostics.h"
+#include "platform.h"
 #include "text_file.h"
 #include "visible.h"
 
@@ -10,9 +10,9 @@ namespace ovxid::cli {
 
 namespace {
 
-constexpr const char* boardidPath = "/proc/device-tree/orvanix/boardid";
-constexpr const char* descriptionPath = "/proc/device-tree/orvanix/description";
-constexpr const char* cpuinfoPath = "/proc/cpuinfo";
+constexpr std::string_view hardwareField = "Hardware";
+
+std::string inNode(const char* property) { return std::string(nodePath) + "/" + property; }
 
 utsname askKernel() {
   utsname kernel{};
@@ -26,16 +26,30 @@ std::optional<std::string> suffixOf(std::string_view release) {
                                           : std::optional(std::string(release.substr(hyphen + 1)));
 }
 
-// The value of the first Hardware line, two bytes behind its colon.
-std::optional<std::string> hardwareOf(const Exhibit& cpuinfo) {
+std::optional<std::string> hardwareLineOf(const Exhibit& cpuinfo) {
   std::string_view rest = cpuinfo.content ? *cpuinfo.content : std::string_view();
   while (const std::optional<std::string_view> line = takeLine(rest)) {
-    const std::size_t value = line->find(':') + 2;
-    if (line->substr(0, 8) == "Hardware") {
-      return value > line->size() ? std::nullopt : std::optional(std::string(line->substr(value)));
+    if (line->substr(0, hardwareField.size()) == hardwareField) {
+      return std::string(*line);
     }
   }
   return std::nullopt;
+}
+
+// The value stands two bytes behind the colon. As the library reads it, a line without a colon has
+// its second byte there.
+std::optional<std::string> valueOf(const std::optional<std::string>& line) {
+  if (!line) {
+    return std::nullopt;
+  }
+  const std::size_t value = line->find(':') + 2;
+  return value > line->size() ? std::nullopt : std::optional(line->substr(value));
+}
+
+// The messages tell what the library looked up. It is found here for a source that was not tried.
+std::optional<std::string> either(std::optional<std::string> told,
+                                  std::optional<std::string> found) {
+  return told ? told : found;
 }
 
 }  // namespace
@@ -50,12 +64,13 @@ Evidence::Evidence(Board& identified)
       decidedBy(decidingSource(identified)),
       catalogue(identified),
       catalogueFile(exhibit(cataloguePath)),
-      boardid(exhibit(boardidPath)),
-      description(exhibit(descriptionPath)),
+      boardid(exhibit(inNode("boardid"))),
+      description(exhibit(inNode("description"))),
       cpuinfo(exhibit(cpuinfoPath)),
       kernel(askKernel()),
-      suffix(suffixOf(kernel.release)),
-      hardware(hardwareOf(cpuinfo)) {}
+      suffix(either(suffixLookedUp(identified), suffixOf(kernel.release))),
+      hardwareLine(hardwareLineOf(cpuinfo)),
+      hardware(either(hardwareLookedUp(identified), valueOf(hardwareLine))) {}
 
 bool Evidence::isTried(Source source) const { return !decidedBy || source <= *decidedBy; }
 

@@ -37,8 +37,10 @@ struct Evidence {
   Exhibit description;
   Exhibit cpuinfo;
   utsname kernel{};
-  // What is looked up in the catalogue, whether or not the library came to it.
+  // What is looked up in the catalogue, whether or not the library came to it, and the line with
+  // it.
   std::optional<std::string> suffix;
+  std::optional<std::string> hardwareLine;
   std::optional<std::string> hardware;
 
   bool isTried(Source source) const;

@@ -1,5 +1,3 @@
-#include <algorithm>
-
 #include "explain/remarks.h"
 #include "visible.h"
 
@@ -7,20 +5,19 @@ namespace ovxid::cli {
 
 namespace {
 
-bool hasAlias(const HardwareIdentity& identity, const std::string& alias) {
-  return std::find(identity.aliases.begin(), identity.aliases.end(), alias) !=
-         identity.aliases.end();
+bool isThisBoard(const CatalogueEntry& entry, Board& board) {
+  return entry.identity.name == board.identifier().getHardwareName() &&
+         entry.identity.number == board.number();
 }
 
-// The boards of the catalogue that this value matches, but for the one that was chosen.
-void remarkOnOthers(const Evidence& evidence, const std::optional<std::string>& value,
-                    const std::string& what, bool byName, Remarks& remarks) {
-  const CatalogueEntry* const chosen = evidence.catalogue.chosen(evidence.board);
+// Other boards of the catalogue that this value would match.
+void remarkOnOthers(const Evidence& evidence, const std::string& value, const std::string& what,
+                    bool byName, Remarks& remarks) {
   for (const CatalogueEntry& entry : evidence.catalogue.entries()) {
     const bool matches =
-        value && ((byName && entry.identity.name == *value) || hasAlias(entry.identity, *value));
-    if (matches && &entry != chosen) {
-      remarks.push_back(what + " " + shown(*value) + " also matches " + shown(entry.identity.name) +
+        (byName && entry.identity.name == value) || hasAlias(entry.identity, value);
+    if (matches && !isThisBoard(entry, evidence.board)) {
+      remarks.push_back(what + " " + shown(value) + " would match " + shown(entry.identity.name) +
                         " in " + placeOf(entry, evidence.catalogue) + ".");
     }
   }
@@ -31,8 +28,9 @@ void remarkOnOthers(const Evidence& evidence, const std::optional<std::string>& 
 Remarks remarksOnHidden(const Evidence& evidence) {
   Remarks remarks;
   if (evidence.decidedBy) {
-    remarkOnOthers(evidence, evidence.suffix, "The end of the release", false, remarks);
-    remarkOnOthers(evidence, evidence.hardware, "The Hardware value", true, remarks);
+    remarkOnOthers(evidence, evidence.suffix.value_or(""), "The end of the release", false,
+                   remarks);
+    remarkOnOthers(evidence, evidence.hardware.value_or(""), "The Hardware value", true, remarks);
   }
   return remarks;
 }

@@ -1,5 +1,6 @@
 #include <algorithm>
 
+#include "ascii.h"
 #include "explain/remarks.h"
 #include "visible.h"
 
@@ -7,52 +8,60 @@ namespace ovxid::cli {
 
 namespace {
 
-char lower(char byte) {
-  return byte >= 'A' && byte <= 'Z' ? static_cast<char>(byte - 'A' + 'a') : byte;
-}
-
-std::string lowered(std::string_view text) {
-  std::string result(text);
-  std::transform(result.begin(), result.end(), result.begin(), lower);
-  return result;
-}
-
-std::string without(std::string_view text, std::string_view bytes) {
-  std::string result;
-  for (const char byte : text) {
-    result += bytes.find(byte) == std::string_view::npos ? std::string(1, byte) : "";
-  }
-  return result;
-}
-
+// A way in which texts may differ that look the same, and the text without it.
 struct Difference {
   const char* what;
-  std::string_view bytes;
+  std::string (*leaveOut)(std::string_view text);
 };
+
+std::string toSmallLetters(std::string_view text) {
+  std::string result(text);
+  std::transform(result.begin(), result.end(), result.begin(), toSmall);
+  return result;
+}
+
+std::string without(std::string_view text, std::string_view part) {
+  std::string result(text);
+  for (auto at = result.find(part); at != std::string::npos; at = result.find(part, at)) {
+    result.erase(at, part.size());
+  }
+  return result;
+}
+
+std::string withoutBlanks(std::string_view text) {
+  constexpr std::string_view noBreakSpace = "\xc2\xa0";
+  return without(without(without(text, " "), "\t"), noBreakSpace);
+}
+
+std::string withoutReturns(std::string_view text) { return without(text, "\r"); }
+std::string withoutNuls(std::string_view text) { return without(text, std::string_view("\0", 1)); }
 
 constexpr Difference differences[] = {
-    {"a blank", " \t"},
-    {"a carriage return", "\r"},
-    {"a NUL byte", std::string_view("\0", 1)},
+    {"case", toSmallLetters},
+    {"blanks", withoutBlanks},
+    {"a carriage return", withoutReturns},
+    {"a NUL byte", withoutNuls},
 };
 
-// What alone makes the two texts differ. Empty if they are equal or differ in more.
-std::string onlyDifference(std::string_view one, std::string_view other) {
-  if (one == other) {
-    return "";
-  }
-  if (lowered(one) == lowered(other)) {
-    return "case";
-  }
+std::string withoutAllBut(const Difference* kept, std::string_view text) {
+  std::string result(text);
   for (const Difference& difference : differences) {
-    if (without(one, difference.bytes) == without(other, difference.bytes)) {
-      return difference.what;
+    result = &difference == kept ? result : difference.leaveOut(result);
+  }
+  return result;
+}
+
+// What alone makes the two texts differ. Empty if they are equal or differ in more.
+std::string onlyDifferences(std::string_view one, std::string_view other) {
+  std::string names;
+  if (withoutAllBut(nullptr, one) == withoutAllBut(nullptr, other)) {
+    for (const Difference& difference : differences) {
+      if (withoutAllBut(&difference, one) != withoutAllBut(&difference, other)) {
+        names += (names.empty() ? "" : " and ") + std::string(difference.what);
+      }
     }
   }
-  constexpr std::string_view every("\0\r \t", 4);
-  return lowered(without(one, every)) == lowered(without(other, every))
-             ? "case, blanks and control characters"
-             : "";
+  return names;
 }
 
 // Compares a value that was looked up with texts of the catalogue.
@@ -73,10 +82,17 @@ class Comparison {
 
  private:
   void compare(const std::string& text, const std::string& what, const CatalogueEntry& entry) {
-    const std::string difference = onlyDifference(mValue, text);
+    const std::string difference = onlyDifferences(mValue, text);
     if (!difference.empty()) {
-      mRemarks.push_back(shown(mValue) + " differs from " + what + " " +
-                         placeOf(entry, mEvidence.catalogue) + " only in " + difference + ".");
+      add(shown(mValue) + " differs from " + what + " " + placeOf(entry, mEvidence.catalogue) +
+          " only in " + difference + ".");
+    }
+  }
+
+  // An alias may stand in a line twice.
+  void add(const std::string& remark) {
+    if (std::find(mRemarks.begin(), mRemarks.end(), remark) == mRemarks.end()) {
+      mRemarks.push_back(remark);
     }
   }
 

@@ -1,6 +1,9 @@
 #include <algorithm>
 #include <cctype>
+#include <cerrno>
+#include <charconv>
 
+#include "ascii.h"
 #include "explain/remarks.h"
 #include "visible.h"
 
@@ -9,7 +12,6 @@ namespace ovxid::cli {
 namespace {
 
 bool isBlank(char byte) { return std::isspace(static_cast<unsigned char>(byte)) != 0; }
-bool isDigit(char byte) { return byte >= '0' && byte <= '9'; }
 
 // The bytes before the NUL byte that ends a string property.
 std::string_view textOf(std::string_view value) {
@@ -21,66 +23,86 @@ bool isCells(std::string_view value) {
   return !value.empty() && value.size() % 4 == 0 && value.front() == '\0';
 }
 
-std::uint32_t firstCell(std::string_view value) {
-  std::uint32_t cell = 0;
-  for (const char byte : value.substr(0, 4)) {
-    cell = cell * 256 + static_cast<unsigned char>(byte);
+std::string adviceFor(std::string_view cells) {
+  if (cells.size() != 4) {
+    return "";
   }
-  return cell;
+  std::uint32_t number = 0;
+  for (const char byte : cells) {
+    number = number * 256 + static_cast<unsigned char>(byte);
+  }
+  return ": write boardid = \"" + std::to_string(number) + "\" in the device tree";
 }
 
-std::string withoutSign(std::string_view text) {
+std::string_view withoutSign(std::string_view text) {
   const auto* const begin = std::find_if_not(text.begin(), text.end(), isBlank);
-  std::string number(begin, text.end());
-  if (!number.empty() && (number.front() == '-' || number.front() == '+')) {
-    number.erase(0, 1);
+  text.remove_prefix(static_cast<std::size_t>(begin - text.begin()));
+  if (!text.empty() && (text.front() == '-' || text.front() == '+')) {
+    text.remove_prefix(1);
   }
-  return number;
+  return text;
 }
 
 // Why the number is not the one that stands there. Empty if it is.
 std::string whyNotTheNumber(std::string_view value, std::int32_t number) {
   const std::string_view text = textOf(value);
   if (isCells(value)) {
-    return "is of cells, but is read as text: write boardid = \"" +
-           std::to_string(firstCell(value)) + "\" in the device tree";
+    return "is of cells, but is read as text" + adviceFor(value);
   }
   if (std::all_of(text.begin(), text.end(), isBlank)) {
     return text.empty() ? "is empty" : "is white space";
   }
-  const std::string digits = withoutSign(text);
-  const auto end = std::find_if_not(digits.begin(), digits.end(), isDigit);
+  const std::string_view digits = withoutSign(text);
+  const auto* const end = std::find_if_not(digits.begin(), digits.end(), isDigit);
   if (end == digits.begin()) {
     return "is no decimal number";
   }
-  if (number == INT32_MAX || number == INT32_MIN) {
-    return "may be out of range";
+  std::uint64_t written = 0;
+  const bool fits = std::from_chars(digits.begin(), end, written).ec == std::errc();
+  const std::int64_t read = number;
+  if (!fits || written != static_cast<std::uint64_t>(read < 0 ? -read : read)) {
+    return "is out of range";
   }
-  if (!std::all_of(end, digits.end(), isBlank)) {
-    return "goes on behind its digits";
+  return std::all_of(end, digits.end(), isBlank) ? "" : "goes on behind its digits";
+}
+
+void remarkOnBoardid(const Evidence& evidence, Remarks& remarks) {
+  const std::int32_t number = evidence.board.number();
+  const std::string why = whyNotTheNumber(*evidence.boardid.content, number);
+  if (!why.empty()) {
+    remarks.push_back("The boardid " + why + ". The number is " + std::to_string(number) + ".");
   }
-  return "";
+}
+
+void remarkOnDescription(const Exhibit& description, const std::string& name, Remarks& remarks) {
+  if (!description.content) {
+    if (description.error == ENOENT) {
+      remarks.push_back("There is no description, so the name stays " + shown(name) + ".");
+    }
+    return;
+  }
+  const std::string_view text = textOf(*description.content);
+  if (text.empty()) {
+    remarks.emplace_back("The description is empty, and so is the name.");
+  } else if (text.find('\n') < text.size() - 1) {
+    remarks.emplace_back("Only the first line of the description is the name.");
+  }
 }
 
 }  // namespace
 
 Remarks remarksOnNode(const Evidence& evidence) {
-  if (!evidence.boardid.content) {
-    return evidence.description.content
-               ? Remarks{"The description does not identify a board without a boardid."}
-               : Remarks{};
-  }
   Remarks remarks;
-  const std::string why = whyNotTheNumber(*evidence.boardid.content, evidence.board.number());
-  if (!why.empty()) {
-    remarks.push_back("The boardid " + why + ". The number is " +
-                      std::to_string(evidence.board.number()) + ".");
+  if (evidence.boardid.content) {
+    remarkOnBoardid(evidence, remarks);
+    remarkOnDescription(evidence.description, evidence.board.name(), remarks);
+  } else if (evidence.decidedBy == Source::deviceTree) {
+    remarks.emplace_back("That there is a boardid identifies the board, whatever it is.");
+  } else if (evidence.description.content) {
+    remarks.emplace_back("The description does not identify a board without a boardid.");
   }
-  if (!evidence.description.content) {
-    remarks.push_back("There is no description, so the name stays " + shown(evidence.board.name()) +
-                      ".");
-  } else if (textOf(*evidence.description.content).find('\n') != std::string_view::npos) {
-    remarks.emplace_back("Only the first line of the description is the name.");
+  if (evidence.decidedBy && evidence.board.number() < 0) {
+    remarks.emplace_back("With a number below 0, there is no OVX_ID and no OVX_DESC.");
   }
   return remarks;
 }

@@ -21,9 +21,10 @@ std::string deviceTree(const Evidence& evidence) {
     return whyUnread(evidence.boardid);
   }
   const std::string boardid = "boardid " + shown(*evidence.boardid.content);
-  return evidence.description.content
-             ? boardid + ", description " + shown(*evidence.description.content)
-             : boardid + ", no description";
+  if (evidence.description.content) {
+    return boardid + ", description " + shown(*evidence.description.content);
+  }
+  return boardid + ", description: " + std::strerror(evidence.description.error);
 }
 
 std::string kernelRelease(const Evidence& evidence) {

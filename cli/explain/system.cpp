@@ -1,34 +1,39 @@
 #include <sys/stat.h>
 
 #include <cerrno>
+#include <cstring>
 
 #include "explain/remarks.h"
+#include "platform.h"
 
 namespace ovxid::cli {
 
 namespace {
 
-bool isThere(const char* path) {
+bool isThere(const std::string& path) {
   struct stat status {};
-  return stat(path, &status) == 0;
+  return stat(path.c_str(), &status) == 0;
 }
 
-void remarkUnreadable(const Exhibit& exhibit, Remarks& remarks) {
-  if (!exhibit.content && exhibit.error != ENOENT && exhibit.error != ENOTDIR) {
-    remarks.push_back(exhibit.path + " is there, but cannot be read by this user or at all.");
-  }
-}
-
-// What a board that is identified does not need.
-void remarkOnWhatIsMissing(Remarks& remarks) {
-  // The kernel's first process is in every proc file system.
-  if (!isThere("/proc/1")) {
+// What a board that is identified does not need. Every kernel has a cpuinfo in its /proc.
+void remarkOnWhatIsMissing(const Evidence& evidence, Remarks& remarks) {
+  if (evidence.cpuinfo.error == ENOENT && !evidence.cpuinfo.content) {
     remarks.emplace_back("/proc is not mounted: neither the device tree nor cpuinfo can be read.");
   } else if (!isThere("/proc/device-tree")) {
     remarks.emplace_back(
         "There is no /proc/device-tree: this kernel has no device tree, or a container hides it.");
-  } else if (!isThere("/proc/device-tree/orvanix")) {
+  } else if (!isThere(std::string(nodePath))) {
     remarks.emplace_back("The device tree has no node /orvanix.");
+  }
+  if (evidence.hardwareLine && evidence.hardwareLine->find(':') == std::string::npos) {
+    remarks.emplace_back(
+        "The Hardware line has no colon: all but its first letter is taken for its value.");
+  }
+}
+
+void remarkUnreadable(const Exhibit& exhibit, Remarks& remarks) {
+  if (!exhibit.content && exhibit.error != ENOENT) {
+    remarks.push_back(exhibit.path + " cannot be read: " + std::strerror(exhibit.error) + ".");
   }
 }
 
@@ -37,7 +42,7 @@ void remarkOnWhatIsMissing(Remarks& remarks) {
 Remarks remarksOnSystem(const Evidence& evidence) {
   Remarks remarks;
   if (!evidence.decidedBy) {
-    remarkOnWhatIsMissing(remarks);
+    remarkOnWhatIsMissing(evidence, remarks);
   }
   for (const Exhibit* exhibit :
        {&evidence.boardid, &evidence.description, &evidence.cpuinfo, &evidence.catalogueFile}) {

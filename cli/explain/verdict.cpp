@@ -28,8 +28,33 @@ std::string decision(const Evidence& evidence) {
 
 // Whether a line of the catalogue can hold this value.
 bool fitsIntoCatalogue(const std::optional<std::string>& value) {
-  return value && !value->empty() && value->find(':') == std::string::npos &&
-         visible(*value) == *value;
+  return value && !value->empty() && value->find(':') == std::string::npos;
+}
+
+bool isEscaped(const std::string& value) { return visible(value) != value; }
+
+// The lines that would make the board known, and the values in them.
+struct Lines {
+  std::string text;
+  int count = 0;
+  bool areEscaped = false;
+
+  void add(const std::string& before, const std::string& value, const std::string& behind) {
+    text += "  " + before + visible(value) + behind + "\n";
+    ++count;
+    areEscaped = areEscaped || isEscaped(value);
+  }
+};
+
+Lines linesFor(const Evidence& evidence) {
+  Lines lines;
+  if (fitsIntoCatalogue(evidence.suffix)) {
+    lines.add("NAME:NUMBER:", *evidence.suffix, "");
+  }
+  if (fitsIntoCatalogue(evidence.hardware)) {
+    lines.add("", *evidence.hardware, ":NUMBER");
+  }
+  return lines;
 }
 
 }  // namespace
@@ -38,18 +63,15 @@ std::string explainVerdict(const Evidence& evidence) {
   if (evidence.decidedBy) {
     return boardOf(evidence) + decision(evidence);
   }
-  const std::string unidentified = "This board is not identified. ";
-  const bool byRelease = fitsIntoCatalogue(evidence.suffix);
-  const bool byHardware = fitsIntoCatalogue(evidence.hardware);
-  if (!byRelease && !byHardware) {
-    return unidentified + "No line in " + cataloguePath +
+  const Lines lines = linesFor(evidence);
+  if (lines.count == 0) {
+    return std::string("This board is not identified. No line in ") + cataloguePath +
            " could make it known:\nit takes a boardid in its device tree, or a kernel release that "
            "ends in '-' and an alias.\n";
   }
-  return unidentified + (byRelease && byHardware ? "Either" : "This") + " line in " +
-         cataloguePath + " would make it known:\n" +
-         (byRelease ? "  NAME:NUMBER:" + *evidence.suffix + "\n" : "") +
-         (byHardware ? "  " + *evidence.hardware + ":NUMBER\n" : "");
+  return std::string("This board is not identified. ") + (lines.count == 1 ? "This" : "Either") +
+         " line in " + cataloguePath + " would make it known:\n" + lines.text +
+         (lines.areEscaped ? "where the escapes stand for the bytes themselves.\n" : "");
 }
 
 }  // namespace ovxid::cli

@@ -86,6 +86,8 @@ TEST_F(Check, FindsTextBehindTheDigitsOfANumber) {
             "1: warning: '0x11' is read as 0 [number-text]\n"
             "2: warning: '17abc' is read as 17 [number-text]\n"
             "3: warning: '-3.5' is read as -3 [number-text]\n"
+            "3: warning: a board with a number below 0 gets no OVX_ID and no OVX_DESC "
+            "[reserved-number]\n"
             "6: warning: '8 b' is read as 8 [number-text]\n");
 }
 
@@ -116,7 +118,8 @@ TEST_F(Check, FindsAliasesThatNothingCanMatch) {
 TEST_F(Check, FindsWhatAnEarlierBoardHas) {
   EXPECT_EQ(found("Kestrel:12:k2\nMerlin:13:m1\nHobby:12\nKestrel:14:h1\nGos:15:k2\n"),
             "3: warning: the board in line 1 has the number 12, too [same-number]\n"
-            "4: warning: 'Kestrel' is the board in line 1, which is found instead [same-name]\n"
+            "4: warning: 'Kestrel' is the name of the board in line 1, which is found instead "
+            "[same-name]\n"
             "5: warning: 'k2' is an alias of the board in line 1, which is found instead "
             "[same-alias]\n");
 }
@@ -133,13 +136,80 @@ TEST_F(Check, FindsNamesThatAreAliasesOfEarlierBoards) {
             "finds [name-is-alias]\n");
 }
 
+TEST_F(Check, FindsNamesThatHideAliasesOfEarlierBoards) {
+  EXPECT_EQ(found("Merlin:13:Kestrel-2\nKestrel-2:12\n"),
+            "2: warning: 'Kestrel-2' is an alias of the board in line 1, which a Hardware line "
+            "finds no more [name-is-alias]\n");
+}
+
+TEST_F(Check, ComparesAValueWithItsCarriageReturn) {
+  EXPECT_EQ(found("Kestrel:12:k2\r\nMerlin:13:k2\n"),
+            "1: warning: the carriage return at the end belongs to the last value "
+            "[carriage-return]\n");
+}
+
+TEST_F(Check, FindsQuotes) {
+  EXPECT_EQ(found("\"Kestrel\":12:'k2'\nMerlin:13:'\n"),
+            "1: warning: the quotes of \"Kestrel\" belong to the value [quotes]\n"
+            "1: warning: the quotes of 'k2' belong to the value [quotes]\n");
+}
+
+TEST_F(Check, FindsNoBreakSpaces) {
+  EXPECT_EQ(found("Kestrel:12:k2\xc2\xa0\n"),
+            "1: warning: there are blanks around 'k2\\xc2\\xa0', which belong to it [blanks]\n");
+}
+
+TEST_F(Check, FindsAWholeRelease) {
+  EXPECT_EQ(found("Kestrel:12:5.10.0-K2\n"),
+            "1: warning: '5.10.0-K2' cannot follow the last '-' of a release, and is like no "
+            "Hardware value [impossible-alias]\n");
+}
+
+TEST_F(Check, TellsWhyALineWithNulBytesIsPassedOver) {
+  EXPECT_EQ(found(bytes("A(b\0\nB\0:x\0\n")),
+            "1: warning: the line has NUL bytes, which belong to its values [nul]\n"
+            "1: error: the line is passed over: it must contain at least two colon separated "
+            "values\n"
+            "2: warning: the line has NUL bytes, which belong to its values [nul]\n"
+            "2: error: the line is passed over: the second value needs to be a board number\n");
+}
+
+TEST_F(Check, FindsAliasesWithNulBytesThatNothingCanMatch) {
+  EXPECT_EQ(found(bytes("A:1:k\0\nB:2:K \0\n")),
+            "1: warning: the line has NUL bytes, which belong to its values [nul]\n"
+            "1: warning: 'k\\0' cannot follow the last '-' of a release, and is like no Hardware "
+            "value [impossible-alias]\n"
+            "2: warning: the line has NUL bytes, which belong to its values [nul]\n"
+            "2: warning: 'K \\0' cannot follow the last '-' of a release, and is like no Hardware "
+            "value [impossible-alias]\n");
+}
+
+// A Hardware value that an earlier board has as its name finds that one.
+TEST_F(Check, FindsABoardThatOnlyAnEarlierNameWouldMatch) {
+  EXPECT_EQ(found("Kestrel-2:12\nKestrel-2:13:Kestrel-2\n"),
+            "2: warning: 'Kestrel-2' is the name of the board in line 1, which is found instead "
+            "[same-name]\n"
+            "2: warning: 'Kestrel-2' is the name of the board in line 1, which a Hardware line "
+            "finds [alias-is-name]\n"
+            "2: warning: nothing can match the board 'Kestrel-2' [unmatchable]\n");
+}
+
+TEST_F(Check, PrintsTheMessagesOfTheLibrary) {
+  mBoard.catalogue("Kestrel:12\n");
+  const Outcome outcome = ovxid({"check", "-v"});
+  EXPECT_EQ(outcome.out, "");
+  EXPECT_EQ(outcome.err.substr(outcome.err.rfind("\n", outcome.err.size() - 2) + 1),
+            "debug: Found hardware identity: Board number 12(Kestrel)\n");
+}
+
 TEST_F(Check, PassesOverWhatALineHasTwice) { EXPECT_EQ(found("Kestrel:12:Kestrel:k2:k2\n"), ""); }
 
 TEST_F(Check, FindsABoardThatNothingCanMatch) {
   EXPECT_EQ(found("Kestrel:12:k2\nKestrel:13:k2:kestrel-2\n"),
             "2: warning: 'kestrel-2' cannot follow the last '-' of a release, and is like no "
             "Hardware value [impossible-alias]\n"
-            "2: warning: 'Kestrel' is the board in line 1, which is found instead [same-name]\n"
+            "2: warning: 'Kestrel' is the name of the board in line 1, which is found instead "
+            "[same-name]\n"
             "2: warning: 'k2' is an alias of the board in line 1, which is found instead "
             "[same-alias]\n"
             "2: warning: nothing can match the board 'Kestrel' [unmatchable]\n");

@@ -1,6 +1,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <regex>
 #include <set>
 #include <sstream>
@@ -19,10 +20,13 @@ TEST_F(FrontEnd, PrintsItsVersion) {
 
 TEST_F(FrontEnd, HelpsWithEveryCommandAndExitStatus) {
   const std::string help = ovxid({"--help"}).out;
-  for (const char* text :
-       {"  list ", "  get ", "  name ", "  number ", "  run ", "  shell ", "  help ", "--verbose",
-        "--version", "  0  ", "  1  ", "  2  ", "  3  ", "  125  ", "  126  ", "  127  ", "  134  ",
-        "Without a command: list."}) {
+  for (const char* text : {"  list ",   "  get ",     "  name ",
+                           "  number ", "  explain ", "  check ",
+                           "  run ",    "  shell ",   "  help ",
+                           "--verbose", "--version",  "  0  ",
+                           "  1  ",     "  2  ",      "  3  ",
+                           "  4  ",     "  125  ",    "  126  ",
+                           "  127  ",   "  134  ",    "Without a command: list."}) {
     EXPECT_THAT(help, HasSubstr(text));
   }
 }
@@ -38,8 +42,8 @@ TEST_F(FrontEnd, HelpsWhenAskedByTheShortWordOrTheCommandToo) {
 
 TEST_F(FrontEnd, HelpsWithEveryFormat) {
   const std::string help = ovxid({"help", "list"}).out;
-  for (const char* text :
-       {"\n  plain ", "\n  shell ", "\n  null ", "--format FORMAT ", "--output FILE "}) {
+  for (const char* text : {"\n  plain ", "\n  json ", "\n  shell ", "\n  systemd ", "\n  null ",
+                           "\n  prometheus ", "--format FORMAT ", "--output FILE "}) {
     EXPECT_THAT(help, HasSubstr(text));
   }
 }
@@ -57,7 +61,8 @@ TEST_P(Help, HasAnExample) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Of, Help,
-                         testing::Values("list", "get", "name", "number", "run", "shell", "help"),
+                         testing::Values("list", "get", "name", "number", "explain", "check", "run",
+                                         "shell", "help"),
                          [](const auto& test) { return test.param; });
 
 TEST_F(FrontEnd, HelpOfRunNamesTheProgramAndItsArguments) {
@@ -103,15 +108,46 @@ std::set<std::string> headsOf(const std::string& page) {
   return words;
 }
 
+// The commands that the help lists.
+std::vector<std::string> commandsOf(const std::string& help) {
+  const std::string list = help.substr(0, help.find("\nOptions:"));
+  std::vector<std::string> commands;
+  const std::regex entry("\n  ([a-z]+)  ");
+  for (std::sregex_iterator match(list.begin(), list.end(), entry), end; match != end; ++match) {
+    commands.push_back((*match)[1]);
+  }
+  return commands;
+}
+
 TEST_F(FrontEnd, HasEveryWordOfItsHelpInTheManualPage) {
   const std::set<std::string> heads = headsOf(manualPage("ovxid.1"));
-  std::set<std::string> words = wordsOf(ovxid({"--help"}).out);
-  for (const std::string& word : wordsOf(ovxid({"help", "list"}).out)) {
-    words.insert(word);
+  const std::string help = ovxid({"--help"}).out;
+  std::set<std::string> words = wordsOf(help);
+  for (const std::string& command : commandsOf(help)) {
+    words.merge(wordsOf(ovxid({"help", command}).out));
   }
-  EXPECT_GT(words.size(), 25);
+  EXPECT_GT(words.size(), 40);
   for (const std::string& word : words) {
     EXPECT_THAT(heads, Contains(word));
+  }
+}
+
+// "[--] PROGRAM [ARG...]" of the help is "[--] PROGRAM [ARG...]" in the synopsis of the page too.
+TEST_F(FrontEnd, HasTheOperandsOfEveryCommandInTheSynopsis) {
+  std::string synopsis = manualPage("ovxid.1");
+  synopsis = synopsis.substr(0, synopsis.find(".SH DESCRIPTION"));
+  synopsis = std::regex_replace(synopsis, std::regex(R"(\n\.[A-Z]+ ?|\\\||\\(?=-))"), "\n");
+  synopsis = std::regex_replace(synopsis, std::regex(R"(\s)"), "");
+  const std::vector<std::string> commands = commandsOf(ovxid({"--help"}).out);
+  EXPECT_GT(commands.size(), 8);
+  for (const std::string& command : commands) {
+    const std::string help = ovxid({"help", command}).out;
+    const std::string usage = "Usage: ovxid " + command + " [OPTIONS]";
+    ASSERT_EQ(help.rfind(usage, 0), 0);
+    std::string operands = help.substr(usage.size(), help.find('\n') - usage.size());
+    operands.erase(std::remove(operands.begin(), operands.end(), ' '), operands.end());
+    EXPECT_THAT(synopsis, testing::ContainsRegex(command));
+    EXPECT_THAT(synopsis, HasSubstr(operands)) << command;
   }
 }
 
