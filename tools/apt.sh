@@ -5,7 +5,7 @@
 {
   packages_build=(g++ cmake ninja-build liblog4cpp5-dev nlohmann-json3-dev)
   packages_test=(libgtest-dev libgmock-dev iproute2 pkgconf pahole binutils jq busybox bash-completion
-    fish zsh python3-jsonschema man-db groff-base mandoc systemd)
+    fish zsh python3-jsonschema man-db groff-base mandoc systemd ansible-core)
   packages_check=(clang libclang-rt-dev clang-format clang-tidy cppcheck jq shellcheck)
   packages_docs=(doxygen)
   packages_coverage=(gcovr)
