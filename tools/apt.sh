@@ -5,7 +5,7 @@
 {
   packages_build=(g++ cmake ninja-build liblog4cpp5-dev nlohmann-json3-dev)
   packages_test=(libgtest-dev libgmock-dev iproute2 pkgconf pahole binutils jq busybox bash-completion
-    fish zsh python3-jsonschema man-db groff-base mandoc systemd ansible-core)
+    fish zsh python3-jsonschema man-db groff-base mandoc systemd ansible-core curl prometheus prometheus-node-exporter)
   packages_check=(clang libclang-rt-dev clang-format clang-tidy cppcheck jq shellcheck)
   packages_docs=(doxygen)
   packages_coverage=(gcovr)
@@ -53,8 +53,9 @@ is_installed() {
     grep -Ex "installed ($architecture|all)" >/dev/null
 }
 
+# Some packages have services, which systemd is not to start.
 apt_get() {
-  as_root env LC_ALL=C DEBIAN_FRONTEND=noninteractive \
+  as_root env LC_ALL=C DEBIAN_FRONTEND=noninteractive SYSTEMD_OFFLINE=1 \
     apt-get --quiet --option DPkg::Lock::Timeout=600 --option Acquire::Retries=3 "$@"
 }
 
