@@ -16,8 +16,8 @@
   packages_cross_armhf=(crossbuild-essential-armhf liblog4cpp5v5:armhf)
   packages_abi=(binutils pahole)
   packages_board=(qemu-system-arm qemu-system-x86 device-tree-compiler cpio kmod pkgconf)
-  packages_install_test=(debootstrap debian-archive-keyring zstd)
-  # In the clean root of tests/packages: what compiles programs there, and what our packages need.
+  packages_install_test=(autopkgtest debootstrap debian-archive-keyring zstd)
+  # In the clean root of tests/packages: what the tests in debian/tests need, and what our packages need.
   packages_consumer=(g++ make cmake pkgconf)
   packages_brought_along=(liblog4cpp5-dev)
 }
