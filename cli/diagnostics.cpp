@@ -7,8 +7,12 @@
 namespace ovxid::cli {
 
 void complain(const std::string& what, const std::string& why) {
+  std::string subject = what;
+  if (subject.empty()) {
+    subject = "''";
+  }
   // A newline would make one line two.
-  std::cerr << harmless("ovxid: " + (what.empty() ? "''" : what) + ": " + why) + "\n";
+  std::cerr << harmless("ovxid: " + subject + ": " + why) + "\n";
 }
 
 }  // namespace ovxid::cli

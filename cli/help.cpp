@@ -24,7 +24,10 @@ std::string wordsOf(const Option& option) {
     words = {'-', option.letter, ',', ' '};
   }
   words.append("--").append(option.name);
-  return option.argument == nullptr ? words : words + " " + option.argument;
+  if (option.argument != nullptr) {
+    words.append(" ").append(option.argument);
+  }
+  return words;
 }
 
 std::string entryOf(const Option& option) { return entry(wordsOf(option), option.summary); }
@@ -52,7 +55,10 @@ std::string choicesFor(const Option& option) {
   if (argument == "FORMAT") {
     return entries("Formats", formatTable);
   }
-  return argument == "WARNING" ? entries("Warnings", warnings) : "";
+  if (argument == "WARNING") {
+    return entries("Warnings", warnings);
+  }
+  return "";
 }
 
 std::string choicesOf(const Command& command) {

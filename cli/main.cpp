@@ -1,6 +1,10 @@
+#include <unistd.h>
+
+#include <cstdlib>
 #include <exception>
 #include <iostream>
 #include <new>
+#include <string_view>
 
 #include "command_line.h"
 #include "diagnostics.h"
@@ -20,6 +24,18 @@ int performOrComplain(int argc, char** argv) {
   }
 }
 
+// A text of fixed size, since nothing can be composed without memory.
+constexpr std::string_view outOfMemory = "ovxid: memory: Cannot allocate memory\n";
+
+// GCOVR_EXCL_START: gcc does not write its counts when a process ends like this
+// The destructors of the JSON library take memory. Where there is none, they end the process.
+[[noreturn]] void endWithoutMemory() {
+  [[maybe_unused]] const ssize_t count =
+      write(STDERR_FILENO, outOfMemory.data(), outOfMemory.size());
+  std::_Exit(exit_status::ownFailure.value);
+}
+// GCOVR_EXCL_STOP
+
 }  // namespace
 
 }  // namespace ovxid::cli
@@ -28,11 +44,11 @@ int main(int argc, char** argv) {
   using ovxid::cli::complain;
   using ovxid::cli::exit_status::ownFailure;
   ovxid::cli::turnSignalsIntoErrors();
+  std::set_terminate(ovxid::cli::endWithoutMemory);
   try {
     return ovxid::cli::performOrComplain(argc, argv);
   } catch (const std::bad_alloc&) {  // GCOVR_EXCL_BR_LINE: see below
-    // A text of fixed size, since nothing can be composed without memory.
-    std::cerr << "ovxid: memory: Cannot allocate memory\n";
+    std::cerr << ovxid::cli::outOfMemory;
     return ownFailure.value;
     // GCOVR_EXCL_START: no input is known that leads here
   } catch (const std::exception& error) {

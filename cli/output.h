@@ -7,8 +7,8 @@ namespace ovxid::cli {
 
 using SignalHandler = void (*)(int);
 
-// Ignores SIGPIPE and SIGXFSZ, so that a closed pipe and a file that may not grow become write errors
-// that can be reported. Called first.
+// Ignores SIGPIPE and SIGXFSZ, so that a closed pipe and a file that may not grow become write
+// errors that can be reported. Called first.
 void turnSignalsIntoErrors();
 
 // The handlers of these that this process was started with, in force for as long as this lives.

@@ -1,22 +1,12 @@
 #include "shell_name.h"
 
-#include <algorithm>
-
-#include "ascii.h"
-
 namespace ovxid::cli {
 
-namespace {
-
-bool isNameByte(char byte) {
-  return isDigit(byte) || isSmall(byte) || isCapital(byte) || byte == '_';
-}
-
-}  // namespace
-
+// The names of all parameters begin with OVX_, so none begins with a digit.
 bool isShellName(std::string_view name) {
-  return !name.empty() && !isDigit(name.front()) &&
-         std::all_of(name.begin(), name.end(), isNameByte);
+  return name.find_first_not_of(
+             "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789_") ==
+         std::string_view::npos;
 }
 
 }  // namespace ovxid::cli

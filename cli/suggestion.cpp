@@ -36,18 +36,22 @@ std::size_t distance(std::string_view from, std::string_view to) {
 }  // namespace
 
 std::string suggestion(std::string_view mistyped, const std::vector<std::string>& known) {
-  // A third of the letters may be wrong, and one of a short word, but not all of them.
+  // A third of the letters may be wrong, and one of a short word. No word of ours is as long as
+  // this.
   constexpr std::size_t longest = 64;
   std::string nearest;
   std::size_t least = std::max<std::size_t>(std::min(mistyped.size(), longest) / 3 + 1, 2);
   for (const std::string& word : known) {
-    const std::size_t letters = mistyped.size() > longest ? longest : distance(mistyped, word);
-    if (letters < least && letters < mistyped.size()) {
+    const std::size_t letters = distance(mistyped.substr(0, longest), word);
+    if (letters < least) {
       least = letters;
       nearest = word;
     }
   }
-  return nearest.empty() ? "" : ", did you mean '" + nearest + "'?";
+  if (nearest.empty()) {
+    return "";
+  }
+  return ", did you mean '" + nearest + "'?";
 }
 
 }  // namespace ovxid::cli

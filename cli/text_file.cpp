@@ -16,15 +16,11 @@ bool readAll(int descriptor, std::string& content) {
   for (;;) {
     content.resize(size + part);
     const ssize_t count = read(descriptor, content.data() + size, part);
-    if (count == 0) {
+    if (count <= 0) {
       content.resize(size);
-      return true;
+      return count == 0;
     }
-    if (count > 0) {
-      size += static_cast<std::size_t>(count);
-    } else if (errno != EINTR) {
-      return false;
-    }
+    size += static_cast<std::size_t>(count);
   }
 }
 

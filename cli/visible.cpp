@@ -31,7 +31,7 @@ std::string escaped(char byte) {
 // Whether a character is a control character.
 bool isControl(std::string_view character) {
   if (character.size() == 1) {
-    return (character[0] >= '\0' && character[0] < ' ') || character[0] == '\x7f';
+    return character[0] < ' ' || character[0] == '\x7f';
   }
   // U+0080 to U+009F.
   return character.size() == 2 && character[0] == '\xc2' && character[1] < '\xa0';
@@ -62,7 +62,11 @@ std::string replaced(std::string_view text, Predicate isReplaced, Replace replac
   while (!text.empty()) {
     const std::size_t length = characterLength(text);
     const std::string_view part = text.substr(0, std::max<std::size_t>(length, 1));
-    result += length == 0 || isReplaced(part) ? replace(part) : std::string(part);
+    if (length == 0 || isReplaced(part)) {
+      result += replace(part);
+    } else {
+      result += part;
+    }
     text.remove_prefix(part.size());
   }
   return result;

@@ -55,8 +55,8 @@ void checkQuotes(const Line& line, Findings& findings) {
 
 // What the library reads is known, so only what follows it is looked for.
 std::string_view behindDigits(std::string_view text) {
-  text.remove_prefix(std::min(text.find_first_not_of(" \t\n\v\f\r"), text.size()));
-  if (!text.empty() && (text.front() == '+' || text.front() == '-')) {
+  text.remove_prefix(text.find_first_not_of(" \t\n\v\f\r"));
+  if (text.front() == '+' || text.front() == '-') {
     text.remove_prefix(1);
   }
   const auto* const end = std::find_if_not(text.begin(), text.end(), isDigit);

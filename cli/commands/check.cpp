@@ -25,10 +25,20 @@ std::vector<std::string> ignoredWarnings(const Invocation& invocation) {
 }
 
 std::vector<std::string> filesOf(const Invocation& invocation) {
-  if (invocation.operandCount == 0) {
-    return {cataloguePath};
+  std::vector<std::string> files(invocation.operands,
+                                 invocation.operands + invocation.operandCount);
+  if (files.empty()) {
+    files.emplace_back(cataloguePath);
   }
-  return {invocation.operands, invocation.operands + invocation.operandCount};
+  return files;
+}
+
+// How a finding names the file. Its name may have bytes that a terminal would obey.
+std::string nameOf(const std::string& file) {
+  if (isatty(STDOUT_FILENO) != 0) {
+    return harmless(file);
+  }
+  return file;
 }
 
 }  // namespace
@@ -46,7 +56,7 @@ int check(const Invocation& invocation) {
       status = exit_status::notRead;
       continue;
     }
-    Findings findings(isatty(STDOUT_FILENO) != 0 ? harmless(file) : file, ignored);
+    Findings findings(nameOf(file), ignored);
     catalogueCheck.check(*content, findings);
     print(findings.text());
     found = found || !findings.text().empty();

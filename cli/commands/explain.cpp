@@ -14,7 +14,7 @@ bool givesUp(Board& board) {
   try {
     board.identify();
     return false;
-  } catch (const Failure&) {
+  } catch (const Failure&) {  // GCOVR_EXCL_BR_LINE: only std::bad_alloc passes by
     return true;
   }
 }
@@ -39,8 +39,10 @@ int explain(const Invocation& invocation) {
                                 remarksOnHidden, remarksOnParameters}) {
     remarks += paragraph(remarksOn(evidence));
   }
-  print(explainSources(evidence) + "\n" + explainVerdict(evidence) +
-        (remarks.empty() ? "" : "\n" + remarks));
+  if (!remarks.empty()) {
+    remarks.insert(0, "\n");
+  }
+  print(explainSources(evidence) + "\n" + explainVerdict(evidence) + remarks);
   return board.isIdentified() ? exit_status::done.value : exit_status::no.value;
 }
 

@@ -22,8 +22,10 @@ utsname askKernel() {
 
 std::optional<std::string> suffixOf(std::string_view release) {
   const auto hyphen = release.rfind('-');
-  return hyphen == std::string_view::npos ? std::nullopt
-                                          : std::optional(std::string(release.substr(hyphen + 1)));
+  if (hyphen == std::string_view::npos) {
+    return std::nullopt;
+  }
+  return std::string(release.substr(hyphen + 1));
 }
 
 std::optional<std::string> hardwareLineOf(const Exhibit& cpuinfo) {
@@ -43,7 +45,10 @@ std::optional<std::string> valueOf(const std::optional<std::string>& line) {
     return std::nullopt;
   }
   const std::size_t value = line->find(':') + 2;
-  return value > line->size() ? std::nullopt : std::optional(line->substr(value));
+  if (value > line->size()) {
+    return std::nullopt;
+  }
+  return line->substr(value);
 }
 
 // The messages tell what the library looked up. It is found here for a source that was not tried.
@@ -75,7 +80,10 @@ Evidence::Evidence(Board& identified)
 bool Evidence::isTried(Source source) const { return !decidedBy || source <= *decidedBy; }
 
 std::string placeOf(const CatalogueEntry& entry, const Catalogue& catalogue) {
-  return catalogue.isBuiltin() ? "the built-in table" : "line " + std::to_string(entry.line);
+  if (catalogue.isBuiltin()) {
+    return "the built-in table";
+  }
+  return "line " + std::to_string(entry.line);
 }
 
 }  // namespace ovxid::cli

@@ -5,19 +5,17 @@ namespace ovxid::cli {
 
 namespace {
 
-bool isThisBoard(const CatalogueEntry& entry, Board& board) {
-  return entry.identity.name == board.identifier().getHardwareName() &&
-         entry.identity.number == board.number();
-}
-
 // Other boards of the catalogue that this value would match.
 void remarkOnOthers(const Evidence& evidence, const std::string& value, const std::string& what,
                     bool byName, Remarks& remarks) {
+  const std::string name = evidence.board.identifier().getHardwareName();
+  const std::int32_t number = evidence.board.number();
   for (const CatalogueEntry& entry : evidence.catalogue.entries()) {
-    const bool matches =
-        (byName && entry.identity.name == value) || hasAlias(entry.identity, value);
-    if (matches && !isThisBoard(entry, evidence.board)) {
-      remarks.push_back(what + " " + shown(value) + " would match " + shown(entry.identity.name) +
+    const HardwareIdentity& identity = entry.identity;
+    const bool isThisBoard = identity.name == name && identity.number == number;
+    const bool matches = (byName && identity.name == value) || hasAlias(identity, value);
+    if (matches && !isThisBoard) {
+      remarks.push_back(what + " " + shown(value) + " would match " + shown(identity.name) +
                         " in " + placeOf(entry, evidence.catalogue) + ".");
     }
   }

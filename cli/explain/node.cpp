@@ -37,7 +37,7 @@ std::string adviceFor(std::string_view cells) {
 std::string_view withoutSign(std::string_view text) {
   const auto* const begin = std::find_if_not(text.begin(), text.end(), isBlank);
   text.remove_prefix(static_cast<std::size_t>(begin - text.begin()));
-  if (!text.empty() && (text.front() == '-' || text.front() == '+')) {
+  if (text.front() == '-' || text.front() == '+') {
     text.remove_prefix(1);
   }
   return text;

@@ -9,6 +9,8 @@
 #include <cerrno>
 #include <cstring>
 #include <map>
+#include <new>
+#include <utility>
 
 #include "ascii.h"
 #include "explain/remarks.h"
@@ -23,59 +25,61 @@ namespace {
 // The properties of each variable, by their paths below the node.
 using Properties = std::map<std::string, std::vector<std::string>>;
 
-// What a walk meets: the file's path, and what nftw(3) calls its kind.
-using Visits = std::vector<std::pair<std::string, int>>;
-// For the callback of the walk under way.
-Visits* visits = nullptr;
+struct Node {
+  Properties properties;
+  // What may not be read.
+  std::vector<std::string> closed;
+};
 
-int visit(const char* path, const struct stat* /*status*/, int kind, FTW* /*position*/) noexcept {
-  try {
-    visits->emplace_back(path, kind);
-    return 0;
-  } catch (const std::bad_alloc&) {
-    return -1;
-  }
-}
-
-// Walks over the node as the library does.
-Visits walkOverNode() {
-  constexpr int openDirectories = 10;
-  Visits met;
-  visits = &met;
-  if (nftw(std::string(nodePath).c_str(), visit, openDirectories, 0) != 0 && !met.empty()) {
-    throw std::bad_alloc();
-  }
-  return met;
-}
-
-std::string belowNode(const std::string& path) { return path.substr(nodePath.size() + 1); }
-
-std::string variableOf(const std::string& path) {
-  std::string name = "OVX_" + path.substr(path.rfind('/') + 1);
+std::string variableOf(std::string name) {
   std::transform(name.begin(), name.end(), name.begin(), [](char byte) {
     return isSmall(byte) ? static_cast<char>(byte - 'a' + 'A') : byte;
   });
-  return name;
+  return "OVX_" + name;
 }
 
-Properties propertiesIn(const Visits& met) {
-  Properties properties;
-  for (const auto& [path, kind] : met) {
-    if (kind == FTW_F && path.substr(path.rfind('/') + 1) != "name") {
-      properties[variableOf(path)].push_back(belowNode(path));
-    }
+// What the walk under way fills.
+Node walked;
+constexpr int outOfMemory = 1;
+
+void take(const std::string& path, int kind, const std::string& name) {
+  if (kind == FTW_DNR) {
+    walked.closed.push_back(path);
   }
-  for (auto& [variable, paths] : properties) {
+  if (kind == FTW_F && name != "name") {
+    walked.properties[variableOf(name)].push_back(path.substr(nodePath.size() + 1));
+  }
+}
+
+// nftw(3) is C, so no exception may pass.
+int visit(const char* path, const struct stat* /*status*/, int kind, FTW* position) noexcept {
+  try {
+    take(path, kind, path + position->base);
+    return 0;
+    // GCOVR_EXCL_START: where the tests refuse memory, there is no node
+  } catch (const std::bad_alloc&) {
+    return outOfMemory;
+  }
+  // GCOVR_EXCL_STOP
+}
+
+// Walks over the node as the library does.
+Node readNode() {
+  constexpr int openDirectories = 10;
+  const std::string path(nodePath);
+  const int result = nftw(path.c_str(), visit, openDirectories, 0);
+  if (result == outOfMemory) {  // GCOVR_EXCL_BR_LINE: see above
+    throw std::bad_alloc();     // GCOVR_EXCL_LINE
+  }
+  for (auto& [variable, paths] : walked.properties) {
     std::sort(paths.begin(), paths.end());
   }
-  return properties;
+  return std::exchange(walked, {});
 }
 
-void remarkOnClosedNodes(const Visits& met, Remarks& remarks) {
-  for (const auto& [path, kind] : met) {
-    if (kind == FTW_DNR) {
-      remarks.push_back(shown(path) + " cannot be read: what is in it gives no parameters.");
-    }
+void remarkOnClosedNodes(const Node& node, Remarks& remarks) {
+  for (const std::string& path : node.closed) {
+    remarks.push_back(shown(path) + " cannot be read: what is in it gives no parameters.");
   }
 }
 
@@ -90,6 +94,12 @@ std::string joined(const std::vector<std::string>& names) {
   return text;
 }
 
+// Whether this newline ends a text, which loses nothing by losing it. In cells there are NUL bytes.
+bool isEndOfText(const std::string& content, std::size_t newline) {
+  return newline > 0 && content.find('\0') > newline &&
+         content.find_first_not_of('\0', newline + 1) == std::string::npos;
+}
+
 void remarkOnReading(const std::string& variable, const std::string& property, Remarks& remarks) {
   const Exhibit file = exhibit(std::string(nodePath) + "/" + property);
   if (!file.content) {
@@ -98,30 +108,34 @@ void remarkOnReading(const std::string& variable, const std::string& property, R
     return;
   }
   const auto newline = file.content->find('\n');
-  if (newline != std::string::npos &&
-      file.content->find_first_not_of('\0', newline + 1) != std::string::npos) {
+  if (newline != std::string::npos && !isEndOfText(*file.content, newline)) {
     remarks.push_back("The property " + shown(property) + " is cut at its newline: " +
                       shown(variable) + " is " + shown(file.content->substr(0, newline)) + ".");
   }
 }
 
-std::string valueIn(const std::vector<ovx_param>& variables, const std::string& name) {
-  const auto found = std::find_if(variables.begin(), variables.end(),
-                                  [&](const ovx_param& each) { return each.name == name; });
-  return found == variables.end() ? "" : found->value;
+using Values = std::map<std::string, std::string>;
+
+// What programs see.
+Values valuesOf(const std::vector<ovx_param>& list) {
+  Values values;
+  for (const ovx_param& variable : environment(list)) {
+    values[variable.name] = variable.value;
+  }
+  return values;
 }
 
 // What the identity gives a variable stands in the list before what a property gives.
-void remarkOnOverwriting(const Evidence& evidence, const Properties& properties,
-                         const std::vector<ovx_param>& variables, Remarks& remarks) {
+void remarkOnOverwriting(const Evidence& evidence, const Properties& properties, Values& values,
+                         Remarks& remarks) {
   for (const auto& [variable, paths] : properties) {
     const bool ofIdentity =
         (variable == "OVX_ID" || variable == "OVX_DESC") && evidence.board.number() >= 0;
-    const bool ofAddress = variable == "OVX_WAN_ID";
-    if ((paths.size() > 1 || ofIdentity) && !ofAddress) {
-      remarks.push_back("Programs see one " + shown(variable) + ", " +
-                        shown(valueIn(variables, variable)) + ": it is set by " +
-                        (ofIdentity ? "the identity and by " : "") + joined(paths) + ".");
+    const bool isSeen = values.count(variable) != 0 && variable != "OVX_WAN_ID";
+    if ((paths.size() > 1 || ofIdentity) && isSeen) {
+      remarks.push_back("Programs see one " + shown(variable) + ", " + shown(values[variable]) +
+                        ": it is set by " + (ofIdentity ? "the identity and by " : "") +
+                        joined(paths) + ".");
     }
   }
 }
@@ -170,7 +184,7 @@ void remarkOnWan(const std::vector<ovx_param>& list, const Properties& propertie
   } else if (isProperty) {
     remarks.push_back("The property 'wan_id' is overwritten by the MAC address of " +
                       shown(interface) + ".");
-  } else if (interface != valueIn(environment(list), "OVX_WAN")) {
+  } else if (interface != valuesOf(list)["OVX_WAN"]) {
     remarks.push_back("OVX_WAN_ID is the MAC address of " + shown(interface) +
                       ", which is not the interface that programs see.");
   }
@@ -194,18 +208,18 @@ std::vector<ovx_param> listBeforeAddress(Board& board) {
 
 Remarks remarksOnParameters(const Evidence& evidence) {
   Remarks remarks;
-  const Visits met = walkOverNode();
-  const Properties properties = propertiesIn(met);
+  const Node node = readNode();
   const std::vector<ovx_param> list = listBeforeAddress(evidence.board);
-  for (const auto& [variable, paths] : properties) {
+  for (const auto& [variable, paths] : node.properties) {
     for (const std::string& path : paths) {
       remarkOnReading(variable, path, remarks);
     }
   }
-  remarkOnClosedNodes(met, remarks);
-  remarkOnOverwriting(evidence, properties, environment(list), remarks);
-  remarkOnNames(properties, remarks);
-  remarkOnWan(list, properties, remarks);
+  remarkOnClosedNodes(node, remarks);
+  Values values = valuesOf(list);
+  remarkOnOverwriting(evidence, node.properties, values, remarks);
+  remarkOnNames(node.properties, remarks);
+  remarkOnWan(list, node.properties, remarks);
   return remarks;
 }
 

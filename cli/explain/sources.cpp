@@ -77,11 +77,12 @@ std::string catalogue(const Evidence& evidence) {
   if (!evidence.catalogueFile.content) {
     return whyUnread(evidence.catalogueFile);
   }
-  const std::size_t passedOver = catalogue.linesPassedOver();
-  return evidence.catalogueFile.path + ": " + boards +
-         (passedOver == 0
-              ? ""
-              : ", " + count(passedOver, "line") + " passed over ('ovxid check' tells why)");
+  std::string text = evidence.catalogueFile.path + ": " + boards;
+  if (catalogue.linesPassedOver() > 0) {
+    text += ", " + count(catalogue.linesPassedOver(), "line") +
+            " passed over ('ovxid check' tells why)";
+  }
+  return text;
 }
 
 std::string row(std::string head, const std::string& text) {
@@ -91,7 +92,10 @@ std::string row(std::string head, const std::string& text) {
 
 std::string row(const Evidence& evidence, Source source, const char* head,
                 const std::string& text) {
-  return row(head, evidence.isTried(source) ? text : "not tried (" + text + ")");
+  if (evidence.isTried(source)) {
+    return row(head, text);
+  }
+  return row(head, "not tried (" + text + ")");
 }
 
 }  // namespace

@@ -17,7 +17,7 @@ bool isThere(const std::string& path) {
 
 // What a board that is identified does not need. Every kernel has a cpuinfo in its /proc.
 void remarkOnWhatIsMissing(const Evidence& evidence, Remarks& remarks) {
-  if (evidence.cpuinfo.error == ENOENT && !evidence.cpuinfo.content) {
+  if (!evidence.cpuinfo.content && evidence.cpuinfo.error == ENOENT) {
     remarks.emplace_back("/proc is not mounted: neither the device tree nor cpuinfo can be read.");
   } else if (!isThere("/proc/device-tree")) {
     remarks.emplace_back(

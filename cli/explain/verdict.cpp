@@ -13,7 +13,10 @@ std::string boardOf(const Evidence& evidence) {
 
 std::string decision(const Evidence& evidence) {
   const CatalogueEntry* const chosen = evidence.catalogue.chosen(evidence.board);
-  const std::string place = chosen == nullptr ? "" : placeOf(*chosen, evidence.catalogue);
+  std::string place;
+  if (chosen != nullptr) {
+    place = placeOf(*chosen, evidence.catalogue);
+  }
   switch (*evidence.decidedBy) {
     case Source::deviceTree:
       return "the device tree says so.\n";
@@ -31,8 +34,6 @@ bool fitsIntoCatalogue(const std::optional<std::string>& value) {
   return value && !value->empty() && value->find(':') == std::string::npos;
 }
 
-bool isEscaped(const std::string& value) { return visible(value) != value; }
-
 // The lines that would make the board known, and the values in them.
 struct Lines {
   std::string text;
@@ -42,7 +43,9 @@ struct Lines {
   void add(const std::string& before, const std::string& value, const std::string& behind) {
     text += "  " + before + visible(value) + behind + "\n";
     ++count;
-    areEscaped = areEscaped || isEscaped(value);
+    if (visible(value) != value) {
+      areEscaped = true;
+    }
   }
 };
 

@@ -1,6 +1,5 @@
 #include <ovxid/parameters.h>
 
-#include <algorithm>
 #include <nlohmann/json.hpp>
 
 #include "account.h"
@@ -13,6 +12,8 @@ namespace ovxid::cli::format {
 
 namespace {
 
+// Each object and each array begins as one: a null that becomes one when it is filled crashes this
+// library when there is no memory for that.
 using Json = nlohmann::ordered_json;
 
 std::string_view withoutLastNul(std::string_view value) {
@@ -43,7 +44,7 @@ Json strings(std::string_view value) {
 }
 
 Json toJson(const ovx_param& parameter) {
-  Json object;
+  Json object = Json::object();
   setText(object, "name", parameter.name);
   const std::string& value = parameter.value;
   if (!isUtf8(value)) {
@@ -70,32 +71,37 @@ void setAliases(Json& object, Board& board) {
     return;
   }
   const std::vector<std::string>& aliases = chosen->identity.aliases;
-  const bool areText = std::all_of(aliases.begin(), aliases.end(), isUtf8);
+  Json bytes = Json::array();
   for (const std::string& alias : aliases) {
     if (isUtf8(alias)) {
       object["aliases"].push_back(alias);
     }
-    if (!areText) {
-      object["aliases_hex"].push_back(hexadecimal(alias));
-    }
+    bytes.push_back(hexadecimal(alias));
+  }
+  if (object["aliases"].size() < bytes.size()) {
+    object["aliases_hex"] = std::move(bytes);
   }
 }
 
 void setEnvironment(Json& object, const std::vector<ovx_param>& variables) {
   object["environment"] = Json::object();
+  Json bytes = Json::object();
   for (const ovx_param& variable : variables) {
     if (isUtf8(variable.name) && isUtf8(variable.value)) {
       object["environment"][variable.name] = variable.value;
     } else {
-      object["environment_hex"][hexadecimal(variable.name)] = hexadecimal(variable.value);
+      bytes[hexadecimal(variable.name)] = hexadecimal(variable.value);
     }
+  }
+  if (!bytes.empty()) {
+    object["environment_hex"] = std::move(bytes);
   }
 }
 
 }  // namespace
 
 std::string json(Board& board) {
-  Json object;
+  Json object = Json::object();
   object["identified"] = board.isIdentified();
   setText(object, "name", board.name());
   object["number"] = board.number();

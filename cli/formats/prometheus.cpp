@@ -9,13 +9,10 @@ namespace ovxid::cli::format {
 
 namespace {
 
+// No value has a newline, which would have to be escaped as well.
 std::string quoted(const std::string& value) {
   std::string text = "\"";
   for (const char byte : value) {
-    if (byte == '\n') {
-      text += "\\n";
-      continue;
-    }
     if (byte == '"' || byte == '\\') {
       text += '\\';
     }
@@ -30,10 +27,12 @@ std::string metric(const std::string& name, const std::string& help) {
 
 std::string boardInfo(Board& board) {
   const std::optional<Source> source = decidingSource(board);
-  const std::string name = board.name();
-  return "ovxid_board_info{name=" + quoted(isUtf8(name) ? name : visible(name)) + ",number=\"" +
-         std::to_string(board.number()) + "\",source=\"" + (source ? nameOf(*source) : "") +
-         "\"} 1\n";
+  std::string name = board.name();
+  if (!isUtf8(name)) {
+    name = visible(name);
+  }
+  return "ovxid_board_info{name=" + quoted(name) + ",number=\"" + std::to_string(board.number()) +
+         "\",source=\"" + (source ? nameOf(*source) : "") + "\"} 1\n";
 }
 
 }  // namespace

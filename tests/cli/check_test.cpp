@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "cli/front_end.h"
+#include "cli/terminal.h"
 
 namespace {
 
@@ -175,12 +176,15 @@ TEST_F(Check, TellsWhyALineWithNulBytesIsPassedOver) {
 }
 
 TEST_F(Check, FindsAliasesWithNulBytesThatNothingCanMatch) {
-  EXPECT_EQ(found(bytes("A:1:k\0\nB:2:K \0\n")),
+  EXPECT_EQ(found(bytes("A:1:k\0\nB:2:K \0\nC:3:5\0\n")),
             "1: warning: the line has NUL bytes, which belong to its values [nul]\n"
             "1: warning: 'k\\0' cannot follow the last '-' of a release, and is like no Hardware "
             "value [impossible-alias]\n"
             "2: warning: the line has NUL bytes, which belong to its values [nul]\n"
             "2: warning: 'K \\0' cannot follow the last '-' of a release, and is like no Hardware "
+            "value [impossible-alias]\n"
+            "3: warning: the line has NUL bytes, which belong to its values [nul]\n"
+            "3: warning: '5\\0' cannot follow the last '-' of a release, and is like no Hardware "
             "value [impossible-alias]\n");
 }
 
@@ -198,7 +202,7 @@ TEST_F(Check, PrintsTheMessagesOfTheLibrary) {
   mBoard.catalogue("Kestrel:12\n");
   const Outcome outcome = ovxid({"check", "-v"});
   EXPECT_EQ(outcome.out, "");
-  EXPECT_EQ(outcome.err.substr(outcome.err.rfind("\n", outcome.err.size() - 2) + 1),
+  EXPECT_EQ(outcome.err.substr(outcome.err.rfind('\n', outcome.err.size() - 2) + 1),
             "debug: Found hardware identity: Board number 12(Kestrel)\n");
 }
 
@@ -263,6 +267,15 @@ TEST_F(Check, ReadsTheOthersWhenOneCannotBeRead) {
   EXPECT_EQ(ovxid({"check", "/proc/in/d", "/proc/in/a"}),
             (Outcome{4, "/proc/in/a:1: warning: '0x12' is read as 0 [number-text]\n",
                      "ovxid: /proc/in/d: Is a directory\n"}));
+}
+
+TEST_F(Check, SendsNoControlCharactersOfAFileNameToATerminal) {
+  mBoard.file("/proc/in/\x1b[7m", "A:0x1\n");
+  const Terminal terminal;
+  const std::string path = terminal.path();
+  outputTo(path.c_str());
+  ovxid({"check", "/proc/in/\x1b[7m"});
+  EXPECT_EQ(terminal.shown(), "/proc/in/?[7m:1: warning: '0x1' is read as 0 [number-text]\r\n");
 }
 
 TEST_F(Check, ShowsValuesWithoutControlCharacters) {

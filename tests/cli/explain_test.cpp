@@ -230,7 +230,8 @@ TEST_F(Explain, TellsThatTheHardwareLineHasNoColon) {
 }
 
 TEST_F(Explain, TellsThatANameHasAnEqualsSign) {
-  mBoard.property("a=b", "x");
+  mBoard.property("a=b", "x").property("c/a=b", "x");
+  EXPECT_THAT(report(), Not(HasSubstr("Programs see")));
   expectRemark("No program sees a variable of the name 'OVX_A=B', which has a '='.");
 }
 
@@ -273,6 +274,67 @@ TEST_F(Explain, PrintsTheMessagesOfTheIdentificationOnly) {
   const std::string read = "debug: Found hardware identity: Board number 1(Kestrel)\n";
   EXPECT_THAT(messages, HasSubstr(read));
   EXPECT_EQ(messages.find(read), messages.rfind(read));
+}
+
+TEST_F(Explain, TellsOfANodeThatCannotBeRead) {
+  mBoard.property("secret/key", "x").permissions("/proc/device-tree/orvanix/secret", 0);
+  obeysModes();
+  expectRemark(
+      "'/proc/device-tree/orvanix/secret' cannot be read: what is in it gives no "
+      "parameters.");
+}
+
+TEST_F(Explain, TellsOfADescriptionThatCannotBeRead) {
+  mBoard.property("boardid", "12").property("description", "x");
+  mBoard.permissions("/proc/device-tree/orvanix/description", 0);
+  obeysModes();
+  expectRemark("/proc/device-tree/orvanix/description cannot be read: Permission denied.");
+  EXPECT_THAT(report(), Not(HasSubstr("There is no description")));
+  EXPECT_THAT(report(), HasSubstr("boardid '12', description: Permission denied\n"));
+}
+
+TEST_F(Explain, TellsThatCpuinfoCannotBeRead) {
+  mBoard.directory("/proc/cpuinfo");
+  expectRemark("/proc/cpuinfo cannot be read: Is a directory.");
+}
+
+TEST_F(Explain, SaysNothingOfAPropertyThatOverwritesNoIdentity) {
+  mBoard.property("id", "7").property("desc", "x").property("wan_id", "y");
+  EXPECT_THAT(report(), Not(HasSubstr("Programs see")));
+}
+
+TEST_F(Explain, SaysNothingOfSeveralPropertiesThatTheAddressOverwrites) {
+  mBoard.property("a/wan_id", "x").property("b/wan_id", "y");
+  EXPECT_THAT(report(), Not(HasSubstr("Programs see")));
+}
+
+TEST_F(Explain, TellsThatADescriptionOverwritesTheIdentity) {
+  mBoard.property("boardid", "12").property("description", "Kestrel").property("desc", "x");
+  expectRemark("Programs see one 'OVX_DESC', 'x': it is set by the identity and by 'desc'.");
+}
+
+TEST_F(Explain, KnowsBoardsOfOneNameApart) {
+  kernelIs("6.1.55-k3", "aarch64");
+  mBoard.catalogue("Kestrel:1:k2\nKestrel:2:k3\n").cpuinfo("Hardware: Kestrel\n");
+  const std::string text = report();
+  EXPECT_THAT(text, HasSubstr("number 2: the kernel's release matches an alias in line 2.\n"));
+  EXPECT_THAT(text, HasSubstr("- The Hardware value 'Kestrel' would match 'Kestrel' in line 1.\n"));
+}
+
+TEST_F(Explain, ReadsASignOfTheNumber) {
+  mBoard.property("boardid", "+5").property("description", "Kestrel");
+  EXPECT_THAT(report(), Not(HasSubstr("The boardid")));
+}
+
+TEST_F(Explain, KnowsAHardwareValueThatANulBegins) {
+  mBoard.cpuinfo(bytes("Hardware: \0k\n")).catalogue(bytes("\0k:5\n"));
+  EXPECT_THAT(report(), HasSubstr("number 5: the Hardware line matches line 1.\n"));
+}
+
+TEST_F(Explain, ShowsLettersOfAnyScript) {
+  mBoard.cpuinfo("Hardware: \xc3\xa4\xe2\x82\xac\xc2\x85\xe3\x80\x81\xf0\x9f\x92\xa1\n");
+  EXPECT_THAT(report(), HasSubstr("Hardware '\xc3\xa4\xe2\x82\xac\\xc2\\x85\xe3\x80\x81"
+                                  "\xf0\x9f\x92\xa1'"));
 }
 
 TEST_F(Explain, ShowsBackslashesAndWhatDoesNotShow) {
@@ -378,6 +440,12 @@ TEST_F(Explain, TellsOfAPropertyThatIsCut) {
   expectRemark("The property 'card@1/notice' is cut at its newline: 'OVX_NOTICE' is 'first'.");
 }
 
+TEST_F(Explain, TellsOfCellsThatAreCut) {
+  mBoard.property("slots", bytes("\0\0\0\n")).property("mask", bytes("\n\0\0\0"));
+  expectRemark("The property 'slots' is cut at its newline: 'OVX_SLOTS' is '\\0\\0\\0'.");
+  expectRemark("The property 'mask' is cut at its newline: 'OVX_MASK' is ''.");
+}
+
 TEST_F(Explain, TellsOfPropertiesThatOverwriteTheIdentity) {
   mBoard.property("boardid", "12").property("description", "Kestrel").property("id", "7");
   expectRemark("Programs see one 'OVX_ID', '7': it is set by the identity and by 'id'.");
@@ -409,8 +477,8 @@ TEST_F(Explain, TellsThatTheAddressIsOfAnotherInterface) {
 }
 
 TEST_F(Explain, TellsOfNamesThatNoShellHas) {
-  mBoard.property("#cells", "x").property("gpio-1", "x").property("name", "orvanix");
-  expectRemark("No shell has a variable of the name 'OVX_#CELLS' and 'OVX_GPIO-1'.");
+  mBoard.property("#cells", "x").property("gpio{1}", "x").property("name", "orvanix");
+  expectRemark("No shell has a variable of the name 'OVX_#CELLS' and 'OVX_GPIO{1}'.");
 }
 
 TEST_F(Explain, TellsThatTheWanInterfaceIsNotThere) {

@@ -168,6 +168,14 @@ TEST_F(Formats, PrometheusSaysThatABoardIsNotIdentified) {
   EXPECT_EQ(metrics.count(R"(ovxid_board_info{name="Unknown",number="-1",source=""} 1)"), 1);
 }
 
+TEST_F(Formats, PrometheusEscapesANameThatIsNoText) {
+  Board board;
+  board.property("boardid", "7").property("description", "F\xe4ld");
+  EXPECT_EQ(lines("prometheus")
+                .count(R"(ovxid_board_info{name="F\\xe4ld",number="7",source="device-tree"} 1)"),
+            1);
+}
+
 TEST_F(Formats, PrometheusLeavesOutWhatIsNoText) {
   Board board;
   board.property("latin", "\xe4").property("n\xe4me", "a");

@@ -1,9 +1,11 @@
 #include "cli/front_end.h"
 
 #include <fcntl.h>
+#include <linux/capability.h>
 #include <sched.h>
 #include <sys/mount.h>
 #include <sys/personality.h>
+#include <sys/prctl.h>
 #include <sys/resource.h>
 #include <unistd.h>
 
@@ -102,6 +104,14 @@ void FrontEnd::filesAreAtMost(unsigned bytes) {
   mPreparations.emplace_back([bytes] {
     const rlimit limit{bytes, bytes};
     require(setrlimit(RLIMIT_FSIZE, &limit), "limit the size of files");
+  });
+}
+
+void FrontEnd::obeysModes() {
+  mPreparations.emplace_back([] {
+    for (const int capability : {CAP_DAC_OVERRIDE, CAP_DAC_READ_SEARCH}) {
+      require(prctl(PR_CAPBSET_DROP, capability, 0, 0, 0), "drop a capability");
+    }
   });
 }
 

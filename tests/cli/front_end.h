@@ -32,6 +32,8 @@ class FrontEnd : public testing::Test {
   void closedPipeIsIgnored();
   void filesAreAtMost(unsigned bytes);
   void isPosixlyCorrect();
+  // Also root then reads only what the modes of files allow.
+  void obeysModes();
   void onAPc();
   // What uname(2) tells the front end and what it starts.
   void kernelIs(const std::string& release, const std::string& machine);

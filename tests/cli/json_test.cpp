@@ -203,6 +203,9 @@ TEST_F(JsonFormat, GivesAllBytesBack) {
       .property("utf8", "\xc3\xa4\xe2\x82\xac\xf0\x9f\x92\xa1")
       .property("surrogate", "\xed\xa0\x80")
       .property("overlong", "\xc0\x80")
+      .property("shortest", "\xe0\x9f\xbf")
+      .property("letter", "\xe2\x82(")
+      .property("a{b", "brace")
       .property("cut", "a\xe2\x82");
   const Json board = listed();
   EXPECT_EQ(listingOf(board), ovxid({"list"}).out);

@@ -50,6 +50,13 @@ TEST_F(FrontEnd, FailsToRunAProgramInAMissingDirectoryWith127) {
             (Outcome{127, "", "ovxid: /proc/missing/x: No such file or directory\n"}));
 }
 
+TEST_F(FrontEnd, FailsToRunAMissingShellWith127) {
+  shellIs("/nowhere");
+  const Outcome failure{127, "", "ovxid: /nowhere: No such file or directory\n"};
+  EXPECT_EQ(ovxid({"shell"}), failure);
+  EXPECT_EQ(ovxid({"shell", "--", "x"}), failure);
+}
+
 TEST_F(FrontEnd, FailsToRunAProgramOfNoNameWith127) {
   EXPECT_EQ(ovxid({"run", ""}), (Outcome{127, "", "ovxid: '': No such file or directory\n"}));
 }
@@ -63,6 +70,7 @@ TEST_F(FrontEnd, RunsBashWhenShellIsNotSet) {
 TEST_F(FrontEnd, RunsTheShellThatShellNames) {
   shellIs("/bin/echo");
   EXPECT_EQ(ovxid({"shell", "-c", "-v", "--version", "--", "-h"}).out, "-c -v --version -- -h\n");
+  EXPECT_EQ(ovxid({"shell", "--", "-h"}).out, "-h\n");
 }
 
 TEST_F(FrontEnd, RunsTheShellWithoutArguments) {
@@ -72,12 +80,6 @@ TEST_F(FrontEnd, RunsTheShellWithoutArguments) {
 
 TEST_F(FrontEnd, EndsWithTheStatusOfTheShell) {
   EXPECT_EQ(ovxid({"shell", "-c", "exit 42"}).status, 42);
-}
-
-TEST_F(FrontEnd, FailsToRunAMissingShellWith127) {
-  shellIs("/nonexistent");
-  EXPECT_EQ(ovxid({"shell"}),
-            (Outcome{127, "", "ovxid: /nonexistent: No such file or directory\n"}));
 }
 
 TEST_F(FrontEnd, FailsToRunAShellThatIsNotExecutableWith126) {
