@@ -1,6 +1,7 @@
 #ifndef OVXID_CLI_COMMAND_H
 #define OVXID_CLI_COMMAND_H
 
+#include <string>
 #include <string_view>
 #include <utility>
 #include <vector>
@@ -13,6 +14,8 @@ struct Option {
   char letter = '\0';
   const char* argument = nullptr;
   const char* summary = nullptr;
+
+  bool is(const Option& other) const { return std::string_view(name) == other.name; }
 };
 
 struct Invocation;
@@ -32,6 +35,10 @@ struct Command {
   // Those that are not used have no name.
   Option options[3];
   int (*perform)(const Invocation&);
+
+  // What the operand is called, counted from 0: of "[--] PROGRAM [ARG...]", the first is PROGRAM
+  // and any other is ARG. Empty if the command takes no more.
+  std::string operandAt(int position) const;
 };
 
 // What the command line asks for.

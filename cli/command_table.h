@@ -9,7 +9,7 @@
 namespace ovxid::cli {
 
 // The commands in the order in which the help shows them; the first is the one that needs no name.
-// One more is known by its name alone, since no user types it.
+// `complete` is found by its name, but is not among them: only completion scripts call it.
 struct CommandTable {
   const Command* begin() const;
   const Command* end() const;

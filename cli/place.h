@@ -1,10 +1,7 @@
 #ifndef OVXID_CLI_PLACE_H
 #define OVXID_CLI_PLACE_H
 
-#include <cstddef>
 #include <string>
-#include <string_view>
-#include <vector>
 
 #include "command.h"
 
@@ -19,13 +16,13 @@ struct Place {
   std::string placeholder;
   // What stands there already and stays, such as "--format=".
   std::string prefix;
-  // How many words stand before the first operand of the command.
-  std::size_t firstOperand = 0;
+  // How many words stand before the first operand of the command, the front end's own name aside.
+  int firstOperand = 0;
 };
 
-// The words are those behind the front end's own name. Throws Failure when one before the last is
-// wrong.
-Place placeOfLast(const std::vector<std::string_view>& words);
+// Reads the words behind the first, which is the front end's own name. There is at least one.
+// Throws Failure when one before the last is wrong.
+Place placeOfLast(int argc, char** argv);
 
 }  // namespace ovxid::cli
 

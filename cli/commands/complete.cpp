@@ -6,8 +6,8 @@
 namespace ovxid::cli::command {
 
 int complete(const Invocation& invocation) {
-  print(completion(
-      placeOfLast({invocation.operands, invocation.operands + invocation.operandCount})));
+  // The word before the operands is in the place of the front end's own name.
+  print(completion(placeOfLast(invocation.operandCount + 1, invocation.operands - 1)));
   return exit_status::done.value;
 }
 

@@ -189,7 +189,6 @@ INSTANTIATE_TEST_SUITE_P(
                     EndCase{"AnOptionBehindARequestForHelp", {"--help", "-v", ""}},
                     EndCase{"AShortRequestForHelp", {"get", "-vh", "-"}},
                     EndCase{"ARequestForTheVersion", {"-V", ""}},
-                    EndCase{"AnOptionWithoutAValue", {"list", "--verbose="}},
                     EndCase{"WordsToBeCompleted", {"complete", ""}}),
     [](const auto& test) { return test.param.name; });
 
@@ -216,10 +215,19 @@ INSTANTIATE_TEST_SUITE_P(
         MistakeCase{
             "AnUnknownCommand", {"bogus", ""}, "bogus: no such command (see 'ovxid --help')"},
         MistakeCase{"ADashForACommand", {"-", ""}, "-: no such command (see 'ovxid --help')"},
-        MistakeCase{"AnUnknownOption", {"--bogus", ""}, "--bogus: no such option"},
-        MistakeCase{"AnAmbiguousOption", {"--ver", ""}, "--ver: no such option"},
-        MistakeCase{"AnUnknownOptionBeforeItsValue", {"list", "--x=y"}, "--x=y: no such option"},
-        MistakeCase{"AnUnknownLetter", {"list", "-vx", ""}, "-x: no such option"}),
+        MistakeCase{
+            "AnUnknownOption", {"--bogus", ""}, "--bogus: no such option (see 'ovxid --help')"},
+        MistakeCase{"AnAmbiguousOption",
+                    {"--ver", ""},
+                    "--ver: may be --verbose or --version (see 'ovxid --help')"},
+        MistakeCase{"AnUnknownOptionBeforeItsValue",
+                    {"list", "--x=y"},
+                    "--x: no such option (see 'ovxid help list')"},
+        MistakeCase{"AnOptionWithoutAValue",
+                    {"list", "--verbose="},
+                    "--verbose=: takes no value (see 'ovxid help list')"},
+        MistakeCase{
+            "AnUnknownLetter", {"list", "-vx", ""}, "-x: no such option (see 'ovxid help list')"}),
     [](const auto& test) { return test.param.name; });
 
 }  // namespace
