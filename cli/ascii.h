@@ -1,6 +1,8 @@
 #ifndef OVXID_CLI_ASCII_H
 #define OVXID_CLI_ASCII_H
 
+#include <string_view>
+
 // Of ASCII alone, whatever the locale.
 namespace ovxid::cli {
 
@@ -10,6 +12,11 @@ constexpr bool isSmall(char byte) { return byte >= 'a' && byte <= 'z'; }
 
 constexpr char toSmall(char byte) {
   return isCapital(byte) ? static_cast<char>(byte - 'A' + 'a') : byte;
+}
+
+// Without the NUL byte that ends a string in the device tree.
+constexpr std::string_view withoutLastNul(std::string_view value) {
+  return !value.empty() && value.back() == '\0' ? value.substr(0, value.size() - 1) : value;
 }
 
 }  // namespace ovxid::cli

@@ -46,7 +46,7 @@ Board::Board(bool verbose, bool keepMessages)
 void Board::identify() {
   try {
     mIdentified = mIdentifier.determineIdentity();
-  } catch (const std::out_of_range&) {  // GCOVR_EXCL_BR_LINE: only std::bad_alloc passes by
+  } catch (const std::out_of_range&) {  // GCOVR_EXCL_BR_LINE: std::bad_alloc goes on to main
     throw Failure(exit_status::no, "/proc/cpuinfo", "the Hardware line ends at its colon");
   }
   mIdentifier.logFullId(mIdentified ? Priority::DEBUG : Priority::ERROR);

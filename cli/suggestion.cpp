@@ -35,23 +35,25 @@ std::size_t distance(std::string_view from, std::string_view to) {
 
 }  // namespace
 
-std::string suggestion(std::string_view mistyped, const std::vector<std::string>& known) {
+std::string nearest(std::string_view word, const std::vector<std::string>& known) {
   // A third of the letters may be wrong, and one of a short word. No word of ours is as long as
   // this.
   constexpr std::size_t longest = 64;
-  std::string nearest;
-  std::size_t least = std::max<std::size_t>(std::min(mistyped.size(), longest) / 3 + 1, 2);
-  for (const std::string& word : known) {
-    const std::size_t letters = distance(mistyped.substr(0, longest), word);
+  std::string result;
+  std::size_t least = std::max<std::size_t>(std::min(word.size(), longest) / 3 + 1, 2);
+  for (const std::string& each : known) {
+    const std::size_t letters = distance(word.substr(0, longest), each);
     if (letters < least) {
       least = letters;
-      nearest = word;
+      result = each;
     }
   }
-  if (nearest.empty()) {
-    return "";
-  }
-  return ", did you mean '" + nearest + "'?";
+  return result;
+}
+
+std::string suggestion(std::string_view mistyped, const std::vector<std::string>& known) {
+  const std::string meant = nearest(mistyped, known);
+  return meant.empty() ? "" : ", did you mean '" + meant + "'?";
 }
 
 }  // namespace ovxid::cli

@@ -7,7 +7,10 @@
 
 namespace ovxid::cli {
 
-// ", did you mean 'WORD'?" with the nearest of the known words; empty if none is near.
+// The nearest of the known words; empty if none is near. Case does not count.
+std::string nearest(std::string_view word, const std::vector<std::string>& known);
+
+// ", did you mean 'WORD'?" with that one; empty if there is none.
 std::string suggestion(std::string_view mistyped, const std::vector<std::string>& known);
 
 }  // namespace ovxid::cli

@@ -6,6 +6,9 @@
 
 namespace ovxid::cli {
 
+constexpr std::string_view noBreakSpace = "\xc2\xa0";
+constexpr std::string_view byteOrderMark = "\xef\xbb\xbf";
+
 // How many bytes the character has with which the text begins: 0 if it is empty or does not begin
 // with a character of UTF-8.
 std::size_t characterLength(std::string_view text);

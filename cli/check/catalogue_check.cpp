@@ -22,6 +22,9 @@ void CatalogueCheck::check(std::string_view content, Findings& findings) {
   const auto lines = static_cast<std::size_t>(std::count(content.begin(), content.end(), '\n'));
   const auto colons = static_cast<std::size_t>(std::count(content.begin(), content.end(), ':'));
   EarlierBoards earlier(lines + 1, colons + 1);
+  if (content.empty()) {
+    findings.warn(warning::emptyCatalogue, 1, "the catalogue is empty: it knows no board");
+  }
   const bool endsInNewline = content.empty() || content.back() == '\n';
   std::size_t number = 0;
   while (const std::optional<std::string_view> text = takeLine(content)) {

@@ -58,7 +58,7 @@ bool EarlierBoards::takeName(const Line& line, Findings& findings) {
                   shown(line.name()) + " is the name of the board" + inLine(earlier) +
                       ", which is found instead");
   }
-  return earlier == 0;
+  return earlier == 0 && canBeHardware(line.name());
 }
 
 bool EarlierBoards::takeAlias(std::string_view alias, const Line& line, Findings& findings) {

@@ -6,6 +6,7 @@
 
 #include "ascii.h"
 #include "platform.h"
+#include "utf8.h"
 #include "visible.h"
 
 namespace ovxid::cli {
@@ -19,13 +20,16 @@ std::string_view withoutReturn(std::string_view value) {
   return value.back() == '\r' ? value.substr(0, value.size() - 1) : value;
 }
 
+bool beginsWith(std::string_view value, std::string_view part) {
+  return value.substr(0, part.size()) == part;
+}
+
 bool beginsOrEnds(std::string_view value, std::string_view part) {
   return value.size() >= part.size() &&
-         (value.substr(0, part.size()) == part || value.substr(value.size() - part.size()) == part);
+         (beginsWith(value, part) || value.substr(value.size() - part.size()) == part);
 }
 
 bool hasBlanksAround(std::string_view value) {
-  constexpr std::string_view noBreakSpace = "\xc2\xa0";
   return beginsOrEnds(value, noBreakSpace) ||
          std::any_of(blanks.begin(), blanks.end(), [&](const char& blank) {
            return beginsOrEnds(value, {&blank, 1});
@@ -86,13 +90,18 @@ void checkAliases(const Line& line, Findings& findings) {
   for (auto value = line.values.begin() + 2; value != line.values.end(); ++value) {
     const std::string_view alias = withoutReturn(*value);
     if (alias == "x86_64") {
-      findings.warn(warning::pcAlias, line.number,
-                    "'x86_64' is the end of a kernel's release here, not the machine");
+      findings.warn(
+          warning::pcAlias, line.number,
+          "'x86_64' is compared with the end of a kernel's release, not with the machine");
     } else if (!canEndRelease(alias) && !isLikeHardware(alias)) {
       findings.warn(warning::impossibleAlias, line.number,
                     shown(alias) +
-                        " cannot follow the last '-' of a release, and is like no "
+                        " cannot follow the last '-' of a release, and does not look like a "
                         "Hardware value");
+    } else if (std::all_of(alias.begin(), alias.end(), isDigit)) {
+      findings.warn(warning::numericAlias, line.number,
+                    shown(alias) + " matches any kernel whose release ends in " +
+                        shown("-" + std::string(alias)));
     }
   }
 }
@@ -100,8 +109,7 @@ void checkAliases(const Line& line, Findings& findings) {
 }  // namespace
 
 void checkText(std::string_view text, std::size_t number, Findings& findings) {
-  constexpr std::string_view byteOrderMark = "\xef\xbb\xbf";
-  if (number == 1 && text.substr(0, byteOrderMark.size()) == byteOrderMark) {
+  if (number == 1 && beginsWith(text, byteOrderMark)) {
     findings.warn(warning::byteOrderMark, number, "a byte order mark belongs to the first name");
   }
   if (text.find('\0') != std::string_view::npos) {
@@ -118,6 +126,10 @@ void checkValues(const Line& line, Findings& findings) {
     findings.warn(warning::comment, line.number,
                   "there are no comments: this is the board " + shown(line.name()));
   }
+  if (line.values.back().find(" # ") != std::string_view::npos) {
+    findings.warn(warning::comment, line.number,
+                  "there are no comments: this is the value " + shown(line.values.back()));
+  }
   checkBlanks(line, findings);
   checkQuotes(line, findings);
   checkNumber(line, findings);
@@ -131,9 +143,13 @@ bool canEndRelease(std::string_view alias) {
          alias.find_first_of(std::string_view("-\0", 2)) == std::string_view::npos;
 }
 
+bool canBeHardware(std::string_view text) {
+  return text.find('\0') == std::string_view::npos && !beginsWith(text, byteOrderMark);
+}
+
 bool isLikeHardware(std::string_view text) {
   const bool isLikeRelease = isDigit(text.front()) && text.find('-') != std::string_view::npos;
-  return !isLikeRelease && text.find('\0') == std::string_view::npos &&
+  return !isLikeRelease && canBeHardware(text) &&
          (text.find(' ') != std::string_view::npos ||
           std::any_of(text.begin(), text.end(), isCapital));
 }

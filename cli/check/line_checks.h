@@ -16,6 +16,9 @@ void checkValues(const Line& line, Findings& findings);
 // Whether this can follow the last '-' of a kernel's release.
 bool canEndRelease(std::string_view alias);
 
+// Whether a Hardware line can have this behind its colon.
+bool canBeHardware(std::string_view text);
+
 // Whether this looks like what a Hardware line has behind its colon.
 bool isLikeHardware(std::string_view text);
 

@@ -14,7 +14,7 @@ bool givesUp(Board& board) {
   try {
     board.identify();
     return false;
-  } catch (const Failure&) {  // GCOVR_EXCL_BR_LINE: only std::bad_alloc passes by
+  } catch (const Failure&) {  // GCOVR_EXCL_BR_LINE: std::bad_alloc goes on to main
     return true;
   }
 }
@@ -35,8 +35,8 @@ int explain(const Invocation& invocation) {
   Evidence evidence(board);
   evidence.gaveUp = gaveUp;
   std::string remarks;
-  for (auto* const remarksOn : {remarksOnSystem, remarksOnNode, remarksOnNearMisses,
-                                remarksOnHidden, remarksOnParameters}) {
+  for (auto* const remarksOn : {remarksOnSystem, remarksOnNode, remarksOnSpelling,
+                                remarksOnNearMisses, remarksOnHidden, remarksOnParameters}) {
     remarks += paragraph(remarksOn(evidence));
   }
   if (!remarks.empty()) {

@@ -1,13 +1,29 @@
 #include <ovxid/parameters.h>
 
 #include <algorithm>
+#include <iterator>
 
 #include "board.h"
 #include "command.h"
 #include "diagnostics.h"
 #include "output.h"
+#include "suggestion.h"
 
 namespace ovxid::cli::command {
+
+namespace {
+
+// Which parameter is meant by a name that none has. Who knows the device tree may leave out what
+// stands before the name of the property.
+std::string meantBy(const std::string& name, const std::vector<ovx_param>& variables) {
+  std::vector<std::string> known;
+  std::transform(variables.begin(), variables.end(), std::back_inserter(known),
+                 [](const ovx_param& each) { return each.name; });
+  const std::string meant = suggestion(name, known);
+  return meant.empty() ? suggestion("OVX_" + name, known) : meant;
+}
+
+}  // namespace
 
 int get(const Invocation& invocation) {
   const std::string name = invocation.operands[0];
@@ -18,7 +34,8 @@ int get(const Invocation& invocation) {
   const auto variable = std::find_if(variables.begin(), variables.end(),
                                      [&](const ovx_param& each) { return each.name == name; });
   if (variable == variables.end()) {
-    throw Failure(exit_status::no, name, "the board has no such parameter");
+    throw Failure(exit_status::no, name,
+                  "the board has no such parameter" + meantBy(name, variables));
   }
   print(variable->value + "\n");
   return exit_status::done.value;

@@ -1,5 +1,7 @@
 #include "explain/evidence.h"
 
+#include <sys/stat.h>
+
 #include <cerrno>
 
 #include "platform.h"
@@ -14,11 +16,12 @@ constexpr std::string_view hardwareField = "Hardware";
 
 std::string inNode(const char* property) { return std::string(nodePath) + "/" + property; }
 
-utsname askKernel() {
-  utsname kernel{};
-  uname(&kernel);
-  return kernel;
+bool isThere(const std::string& path) {
+  struct stat status {};
+  return stat(path.c_str(), &status) == 0;
 }
+
+int errorOfUname(utsname& kernel) { return uname(&kernel) == 0 ? 0 : errno; }
 
 std::optional<std::string> suffixOf(std::string_view release) {
   const auto hyphen = release.rfind('-');
@@ -69,10 +72,12 @@ Evidence::Evidence(Board& identified)
       decidedBy(decidingSource(identified)),
       catalogue(identified),
       catalogueFile(exhibit(cataloguePath)),
+      hasDeviceTree(isThere("/proc/device-tree")),
+      hasNode(isThere(std::string(nodePath))),
       boardid(exhibit(inNode("boardid"))),
       description(exhibit(inNode("description"))),
       cpuinfo(exhibit(cpuinfoPath)),
-      kernel(askKernel()),
+      kernelError(errorOfUname(kernel)),
       suffix(either(suffixLookedUp(identified), suffixOf(kernel.release))),
       hardwareLine(hardwareLineOf(cpuinfo)),
       hardware(either(hardwareLookedUp(identified), valueOf(hardwareLine))) {}

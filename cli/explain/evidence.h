@@ -33,12 +33,16 @@ struct Evidence {
   bool gaveUp = false;
   Catalogue catalogue;
   Exhibit catalogueFile;
+  bool hasDeviceTree;
+  bool hasNode;
   Exhibit boardid;
   Exhibit description;
   Exhibit cpuinfo;
   utsname kernel{};
-  // What is looked up in the catalogue, whether or not the library came to it, and the line with
-  // it.
+  // 0 when uname(2) answered.
+  int kernelError = 0;
+  // The values that are looked up in the catalogue, also those that the library did not come to.
+  // The line is the one that has the Hardware value.
   std::optional<std::string> suffix;
   std::optional<std::string> hardwareLine;
   std::optional<std::string> hardware;

@@ -1,3 +1,6 @@
+#include <algorithm>
+
+#include "ascii.h"
 #include "explain/remarks.h"
 #include "visible.h"
 
@@ -21,10 +24,26 @@ void remarkOnOthers(const Evidence& evidence, const std::string& value, const st
   }
 }
 
+// Of some releases, what follows the last '-' tells little.
+void remarkOnOtherReleases(const Evidence& evidence, Remarks& remarks) {
+  const std::string& suffix = *evidence.suffix;
+  const std::string_view release = evidence.kernel.release;
+  const bool isNumber = std::all_of(suffix.begin(), suffix.end(), isDigit);
+  if (isNumber || release.find('-') != release.rfind('-')) {
+    remarks.push_back(
+        "Of the release, only what follows the last '-' counts: any kernel that ends in " +
+        shown("-" + suffix) + " matches the alias " + shown(suffix) + ".");
+  }
+}
+
 }  // namespace
 
 Remarks remarksOnHidden(const Evidence& evidence) {
   Remarks remarks;
+  const bool mayDecide = !evidence.decidedBy || evidence.decidedBy == Source::kernelRelease;
+  if (mayDecide && evidence.suffix.value_or("") != "") {
+    remarkOnOtherReleases(evidence, remarks);
+  }
   if (evidence.decidedBy) {
     remarkOnOthers(evidence, evidence.suffix.value_or(""), "The end of the release", false,
                    remarks);

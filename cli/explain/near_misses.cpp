@@ -2,6 +2,7 @@
 
 #include "ascii.h"
 #include "explain/remarks.h"
+#include "utf8.h"
 #include "visible.h"
 
 namespace ovxid::cli {
@@ -29,7 +30,6 @@ std::string without(std::string_view text, std::string_view part) {
 }
 
 std::string withoutBlanks(std::string_view text) {
-  constexpr std::string_view noBreakSpace = "\xc2\xa0";
   return without(without(without(text, " "), "\t"), noBreakSpace);
 }
 

@@ -5,6 +5,7 @@
 
 #include "ascii.h"
 #include "explain/remarks.h"
+#include "platform.h"
 #include "visible.h"
 
 namespace ovxid::cli {
@@ -12,11 +13,6 @@ namespace ovxid::cli {
 namespace {
 
 bool isBlank(char byte) { return std::isspace(static_cast<unsigned char>(byte)) != 0; }
-
-// The bytes before the NUL byte that ends a string property.
-std::string_view textOf(std::string_view value) {
-  return !value.empty() && value.back() == '\0' ? value.substr(0, value.size() - 1) : value;
-}
 
 // A number that the device tree has as cells, 32 bits each, the highest byte first.
 bool isCells(std::string_view value) {
@@ -45,7 +41,7 @@ std::string_view withoutSign(std::string_view text) {
 
 // Why the number is not the one that stands there. Empty if it is.
 std::string whyNotTheNumber(std::string_view value, std::int32_t number) {
-  const std::string_view text = textOf(value);
+  const std::string_view text = withoutLastNul(value);
   if (isCells(value)) {
     return "is of cells, but is read as text" + adviceFor(value);
   }
@@ -63,7 +59,8 @@ std::string whyNotTheNumber(std::string_view value, std::int32_t number) {
   if (!fits || written != static_cast<std::uint64_t>(read < 0 ? -read : read)) {
     return "is out of range";
   }
-  return std::all_of(end, digits.end(), isBlank) ? "" : "goes on behind its digits";
+  return std::all_of(end, digits.end(), isBlank) ? ""
+                                                 : "is read only as far as its decimal digits go";
 }
 
 void remarkOnBoardid(const Evidence& evidence, Remarks& remarks) {
@@ -71,6 +68,8 @@ void remarkOnBoardid(const Evidence& evidence, Remarks& remarks) {
   const std::string why = whyNotTheNumber(*evidence.boardid.content, number);
   if (!why.empty()) {
     remarks.push_back("The boardid " + why + ". The number is " + std::to_string(number) + ".");
+  } else if (number == pcNumber) {
+    remarks.emplace_back("The boardid is 64, the number that means a PC.");
   }
 }
 
@@ -81,8 +80,10 @@ void remarkOnDescription(const Exhibit& description, const std::string& name, Re
     }
     return;
   }
-  const std::string_view text = textOf(*description.content);
-  if (text.empty()) {
+  const std::string_view text = withoutLastNul(*description.content);
+  if (isCells(*description.content)) {
+    remarks.emplace_back("The description is of cells, but is read as text: the name is empty.");
+  } else if (text.empty()) {
     remarks.emplace_back("The description is empty, and so is the name.");
   } else if (text.find('\n') < text.size() - 1) {
     remarks.emplace_back("Only the first line of the description is the name.");
@@ -100,6 +101,8 @@ Remarks remarksOnNode(const Evidence& evidence) {
     remarks.emplace_back("That there is a boardid identifies the board, whatever it is.");
   } else if (evidence.description.content) {
     remarks.emplace_back("The description does not identify a board without a boardid.");
+  } else if (!evidence.decidedBy && evidence.hasNode) {
+    remarks.emplace_back("The node /orvanix has no boardid.");
   }
   if (evidence.decidedBy && evidence.board.number() < 0) {
     remarks.emplace_back("With a number below 0, there is no OVX_ID and no OVX_DESC.");

@@ -140,18 +140,40 @@ void remarkOnOverwriting(const Evidence& evidence, const Properties& properties,
   }
 }
 
+// Cells and lists of texts are. The NUL bytes that end a text take nothing away.
+bool isCutAtNul(std::string_view value) {
+  const auto nul = value.find('\0');
+  return value.find_first_not_of('\0', nul) != std::string_view::npos ||
+         (nul == 0 && value.size() > 1);
+}
+
+// There are remarks on the boardid and the description that say more.
+void remarkOnNuls(const std::vector<ovx_param>& list, Remarks& remarks) {
+  std::vector<std::string> names;
+  for (const ovx_param& each : list) {
+    const bool isOfIdentity = each.name == "OVX_BOARDID" || each.name == "OVX_DESCRIPTION";
+    if (!isOfIdentity && isCutAtNul(each.value)) {
+      names.push_back(each.name);
+    }
+  }
+  if (!names.empty()) {
+    remarks.push_back("Programs see only what stands before the first NUL byte of " +
+                      joined(names) + ".");
+  }
+}
+
 void remarkOnNames(const Properties& properties, Remarks& remarks) {
   std::vector<std::string> names;
   for (const auto& [variable, paths] : properties) {
     if (variable.find('=') != std::string::npos) {
-      remarks.push_back("No program sees a variable of the name " + shown(variable) +
+      remarks.push_back("No program sees a variable named " + shown(variable) +
                         ", which has a '='.");
     } else if (!isShellName(variable)) {
       names.push_back(variable);
     }
   }
   if (!names.empty()) {
-    remarks.push_back("No shell has a variable of the name " + joined(names) + ".");
+    remarks.push_back("Shells cannot have variables named " + joined(names) + ".");
   }
 }
 
@@ -178,6 +200,8 @@ void remarkOnWan(const std::vector<ovx_param>& list, const Properties& propertie
   if (interface.size() >= IFNAMSIZ) {
     remarks.push_back("The WAN interface " + shown(interface) +
                       " has more than 15 bytes: collecting the parameters aborts.");
+  } else if (interface.empty()) {
+    remarks.emplace_back("OVX_WAN names no interface. There is no OVX_WAN_ID.");
   } else if (const int error = errorOfInterface(interface)) {
     remarks.push_back("The WAN interface " + shown(interface) + ": " + std::strerror(error) +
                       (isProperty ? "." : ". There is no OVX_WAN_ID."));
@@ -218,6 +242,7 @@ Remarks remarksOnParameters(const Evidence& evidence) {
   remarkOnClosedNodes(node, remarks);
   Values values = valuesOf(list);
   remarkOnOverwriting(evidence, node.properties, values, remarks);
+  remarkOnNuls(list, remarks);
   remarkOnNames(node.properties, remarks);
   remarkOnWan(list, node.properties, remarks);
   return remarks;

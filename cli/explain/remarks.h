@@ -12,6 +12,8 @@ using Remarks = std::vector<std::string>;
 Remarks remarksOnSystem(const Evidence& evidence);
 // The platform's node: what the library makes of its boardid and its description.
 Remarks remarksOnNode(const Evidence& evidence);
+// The platform's node and its properties: what is called almost as it should be.
+Remarks remarksOnSpelling(const Evidence& evidence);
 // The catalogue: what almost matches.
 Remarks remarksOnNearMisses(const Evidence& evidence);
 // The catalogue: what would match as well, and what the decision hides.

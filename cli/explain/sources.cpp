@@ -28,9 +28,15 @@ std::string deviceTree(const Evidence& evidence) {
 }
 
 std::string kernelRelease(const Evidence& evidence) {
+  if (evidence.kernelError != 0) {
+    return std::string("uname: ") + std::strerror(evidence.kernelError);
+  }
   const std::string release = visible(evidence.kernel.release) + ": ";
   if (!evidence.suffix) {
     return release + "no '-' with an alias behind it";
+  }
+  if (evidence.suffix->empty()) {
+    return release + "nothing stands behind its last '-'";
   }
   const std::string suffix = shown(*evidence.suffix);
   if (const CatalogueEntry* const entry = evidence.catalogue.withAlias(*evidence.suffix)) {
@@ -42,6 +48,9 @@ std::string kernelRelease(const Evidence& evidence) {
 }
 
 std::string machine(const Evidence& evidence) {
+  if (evidence.kernelError != 0) {
+    return std::string("uname: ") + std::strerror(evidence.kernelError);
+  }
   const std::string_view machine = evidence.kernel.machine;
   return visible(machine) + (machine == "x86_64" ? ": a PC" : ": not x86_64");
 }

@@ -1,28 +1,25 @@
-#include <sys/stat.h>
-
 #include <cerrno>
 #include <cstring>
 
 #include "explain/remarks.h"
-#include "platform.h"
 
 namespace ovxid::cli {
 
 namespace {
 
-bool isThere(const std::string& path) {
-  struct stat status {};
-  return stat(path.c_str(), &status) == 0;
-}
-
 // What a board that is identified does not need. Every kernel has a cpuinfo in its /proc.
 void remarkOnWhatIsMissing(const Evidence& evidence, Remarks& remarks) {
-  if (!evidence.cpuinfo.content && evidence.cpuinfo.error == ENOENT) {
-    remarks.emplace_back("/proc is not mounted: neither the device tree nor cpuinfo can be read.");
-  } else if (!isThere("/proc/device-tree")) {
+  const bool hasCpuinfo = evidence.cpuinfo.content || evidence.cpuinfo.error != ENOENT;
+  if (!hasCpuinfo && !evidence.hasDeviceTree) {
+    remarks.emplace_back(
+        "/proc has neither cpuinfo nor a device tree: it is not mounted, or shows processes only.");
+  } else if (!hasCpuinfo) {
+    remarks.emplace_back("There is no /proc/cpuinfo: a container hides it.");
+  } else if (!evidence.hasDeviceTree) {
     remarks.emplace_back(
         "There is no /proc/device-tree: this kernel has no device tree, or a container hides it.");
-  } else if (!isThere(std::string(nodePath))) {
+  }
+  if (evidence.hasDeviceTree && !evidence.hasNode) {
     remarks.emplace_back("The device tree has no node /orvanix.");
   }
   if (evidence.hardwareLine && evidence.hardwareLine->find(':') == std::string::npos) {

@@ -1,5 +1,7 @@
 #include "explain/verdict.h"
 
+#include <algorithm>
+
 #include "visible.h"
 
 namespace ovxid::cli {
@@ -34,6 +36,27 @@ bool fitsIntoCatalogue(const std::optional<std::string>& value) {
   return value && !value->empty() && value->find(':') == std::string::npos;
 }
 
+bool hasBlankEnd(const std::string& value) { return value.front() == ' ' || value.back() == ' '; }
+
+std::string escapedBlanks(std::size_t count) {
+  std::string text;
+  while (count-- > 0) {
+    text += "\\x20";
+  }
+  return text;
+}
+
+// At the ends of a value, blanks do not show either.
+std::string visibleToItsEnds(const std::string& value) {
+  const auto begin = std::min(value.find_first_not_of(' '), value.size());
+  const auto end = value.find_last_not_of(' ') + 1;
+  if (begin > end) {
+    return escapedBlanks(value.size());
+  }
+  return escapedBlanks(begin) + visible(value.substr(begin, end - begin)) +
+         escapedBlanks(value.size() - end);
+}
+
 // The lines that would make the board known, and the values in them.
 struct Lines {
   std::string text;
@@ -41,11 +64,10 @@ struct Lines {
   bool areEscaped = false;
 
   void add(const std::string& before, const std::string& value, const std::string& behind) {
-    text += "  " + before + visible(value) + behind + "\n";
+    const std::string seen = visibleToItsEnds(value);
+    text += "  " + before + seen + behind + "\n";
     ++count;
-    if (visible(value) != value) {
-      areEscaped = true;
-    }
+    areEscaped = areEscaped || seen != value;
   }
 };
 
@@ -55,7 +77,12 @@ Lines linesFor(const Evidence& evidence) {
     lines.add("NAME:NUMBER:", *evidence.suffix, "");
   }
   if (fitsIntoCatalogue(evidence.hardware)) {
-    lines.add("", *evidence.hardware, ":NUMBER");
+    // In an alias, blanks do no harm to the name that people read.
+    if (hasBlankEnd(*evidence.hardware)) {
+      lines.add("NAME:NUMBER:", *evidence.hardware, "");
+    } else {
+      lines.add("", *evidence.hardware, ":NUMBER");
+    }
   }
   return lines;
 }
@@ -70,7 +97,10 @@ std::string explainVerdict(const Evidence& evidence) {
   if (lines.count == 0) {
     return std::string("This board is not identified. No line in ") + cataloguePath +
            " could make it known:\nit takes a boardid in its device tree, or a kernel release that "
-           "ends in '-' and an alias.\n";
+           "ends in '-' and an alias.\n" +
+           (evidence.hardware.value_or("").find(':') == std::string::npos
+                ? ""
+                : "(The Hardware value has a colon, which no value in a catalogue can have.)\n");
   }
   return std::string("This board is not identified. ") + (lines.count == 1 ? "This" : "Either") +
          " line in " + cataloguePath + " would make it known:\n" + lines.text +

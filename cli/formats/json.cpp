@@ -3,10 +3,12 @@
 #include <nlohmann/json.hpp>
 
 #include "account.h"
+#include "ascii.h"
 #include "catalogue.h"
 #include "format.h"
 #include "hexadecimal.h"
 #include "utf8.h"
+#include "visible.h"
 
 namespace ovxid::cli::format {
 
@@ -15,10 +17,6 @@ namespace {
 // Each object and each array begins as one: a null that becomes one when it is filled crashes this
 // library when there is no memory for that.
 using Json = nlohmann::ordered_json;
-
-std::string_view withoutLastNul(std::string_view value) {
-  return !value.empty() && value.back() == '\0' ? value.substr(0, value.size() - 1) : value;
-}
 
 // Gives the object the text, or its bytes in hexadecimal where JSON cannot hold it as text.
 void setText(Json& object, const std::string& key, const std::string& text) {
@@ -29,15 +27,19 @@ void setText(Json& object, const std::string& key, const std::string& text) {
   }
 }
 
+// Cells may look like short strings.
+bool isPrintable(std::string_view text) { return !text.empty() && harmless(text) == text; }
+
 // The strings of a list such as `compatible`. A single string is no list.
 Json strings(std::string_view value) {
   Json list = Json::array();
   while (!value.empty()) {
     const auto end = value.find('\0');
-    if (end == 0 || end == std::string_view::npos) {
+    const std::string_view text = value.substr(0, end);
+    if (end == std::string_view::npos || !isPrintable(text)) {
       return Json::array();
     }
-    list.push_back(value.substr(0, end));
+    list.push_back(text);
     value.remove_prefix(end + 1);
   }
   return list.size() > 1 ? list : Json::array();

@@ -57,9 +57,16 @@ TEST_F(FrontEnd, GetsAnEmptyParameter) {
 
 TEST_F(FrontEnd, FailsToGetAParameterThatIsNotThere) {
   mBoard.property("spare", "");
-  EXPECT_EQ(ovxid({"get", "OVX_SPAR"}),
-            (Outcome{1, "", "ovxid: OVX_SPAR: the board has no such parameter\n"}));
+  EXPECT_EQ(ovxid({"get", "OVX_WAN"}),
+            (Outcome{1, "", "ovxid: OVX_WAN: the board has no such parameter\n"}));
   EXPECT_EQ(ovxid({"get", ""}), (Outcome{1, "", "ovxid: '': the board has no such parameter\n"}));
+}
+
+TEST_F(FrontEnd, SuggestsTheParameterThatIsMeant) {
+  mBoard.property("site", "hall").property("room", "7");
+  const std::string why = ": the board has no such parameter, did you mean '";
+  EXPECT_EQ(ovxid({"get", "OVX_STIE"}).err, "ovxid: OVX_STIE" + why + "OVX_SITE'?\n");
+  EXPECT_EQ(ovxid({"get", "site"}).err, "ovxid: site" + why + "OVX_SITE'?\n");
 }
 
 TEST_F(FrontEnd, TellsBeforeItAbortsThatTheNameOfTheInterfaceIsTooLong) {

@@ -51,7 +51,9 @@ TEST_F(Explain, TellsWhatEachSourceSaidAndWhatWouldMakeTheBoardKnown) {
                "This board is not identified. Either line in /etc/known_ovx_ids would make it "
                "known:\n"
                "  NAME:NUMBER:kestrel2\n"
-               "  Kestrel Rev B:NUMBER\n",
+               "  Kestrel Rev B:NUMBER\n"
+               "\n"
+               "- The node /orvanix has no boardid.\n",
                ""}));
 }
 
@@ -172,7 +174,8 @@ TEST_F(Explain, TellsThatThereIsNoHardwareLine) {
 }
 
 TEST_F(Explain, TellsThatProcIsNotMounted) {
-  expectRemark("/proc is not mounted: neither the device tree nor cpuinfo can be read.");
+  expectRemark(
+      "/proc has neither cpuinfo nor a device tree: it is not mounted, or shows processes only.");
 }
 
 TEST_F(Explain, TellsThatThereIsNoDeviceTree) {
@@ -232,7 +235,7 @@ TEST_F(Explain, TellsThatTheHardwareLineHasNoColon) {
 TEST_F(Explain, TellsThatANameHasAnEqualsSign) {
   mBoard.property("a=b", "x").property("c/a=b", "x");
   EXPECT_THAT(report(), Not(HasSubstr("Programs see")));
-  expectRemark("No program sees a variable of the name 'OVX_A=B', which has a '='.");
+  expectRemark("No program sees a variable named 'OVX_A=B', which has a '='.");
 }
 
 TEST_F(Explain, SaysNothingOfTheSameBoardInTheCatalogue) {
@@ -359,18 +362,18 @@ TEST_P(ExplainBoardid, TellsWhatIsMadeOfIt) {
 
 INSTANTIATE_TEST_SUITE_P(
     Of, ExplainBoardid,
-    testing::Values(BoardidCase{"Nothing", "", "The boardid is empty. The number is -1."},
-                    BoardidCase{"Blanks", " \n", "The boardid is white space. The number is -1."},
-                    BoardidCase{"Letters", "kestrel",
-                                "The boardid is no decimal number. The number is 0."},
-                    BoardidCase{"TooMuch", bytes("99999999999\0"),
-                                "The boardid is out of range. The number is 2147483647."},
-                    BoardidCase{"TooLittle", bytes("-99999999999\0"),
-                                "The boardid is out of range. The number is -2147483648."},
-                    BoardidCase{"FarTooMuch", "99999999999999999999999",
-                                "The boardid is out of range. The number is 2147483647."},
-                    BoardidCase{"Hexadecimal", bytes("0x11\0"),
-                                "The boardid goes on behind its digits. The number is 0."}),
+    testing::Values(
+        BoardidCase{"Nothing", "", "The boardid is empty. The number is -1."},
+        BoardidCase{"Blanks", " \n", "The boardid is white space. The number is -1."},
+        BoardidCase{"Letters", "kestrel", "The boardid is no decimal number. The number is 0."},
+        BoardidCase{"TooMuch", bytes("99999999999\0"),
+                    "The boardid is out of range. The number is 2147483647."},
+        BoardidCase{"TooLittle", bytes("-99999999999\0"),
+                    "The boardid is out of range. The number is -2147483648."},
+        BoardidCase{"FarTooMuch", "99999999999999999999999",
+                    "The boardid is out of range. The number is 2147483647."},
+        BoardidCase{"Hexadecimal", bytes("0x11\0"),
+                    "The boardid is read only as far as its decimal digits go. The number is 0."}),
     [](const auto& test) { return test.param.name; });
 
 TEST_F(Explain, SaysNothingOfTheLargestNumber) {
@@ -476,9 +479,124 @@ TEST_F(Explain, TellsThatTheAddressIsOfAnotherInterface) {
                                                "is not the interface that programs see"));
 }
 
+// The kernel gives each node a file of this name, which is no property of it.
+TEST_F(Explain, OverlooksTheNamesOfNodes) {
+  mBoard.property("name", "orvanix").property("radio/name", "radio").property("radio/band", "5");
+  EXPECT_THAT(report(), Not(HasSubstr("OVX_NAME")));
+}
+
+TEST_F(Explain, TellsThatUnameFailed) {
+  kernelIs("", "");
+  EXPECT_THAT(report(), HasSubstr("kernel release  uname: Bad address\n"
+                                  "machine         uname: Bad address\n"));
+}
+
+TEST_F(Explain, TellsThatTheReleaseEndsInAHyphen) {
+  kernelIs("6.1-", "mips");
+  EXPECT_THAT(report(), HasSubstr("kernel release  6.1-: nothing stands behind its last '-'\n"));
+}
+
+TEST_F(Explain, TellsThatNoCatalogueHoldsAColon) {
+  mBoard.cpuinfo("Hardware: A:B\n");
+  EXPECT_THAT(report(), HasSubstr("(The Hardware value has a colon, which no value in a catalogue "
+                                  "can have.)\n"));
+}
+
+TEST_F(Explain, TellsThatThereIsNoCpuinfo) {
+  mBoard.directory("/proc/device-tree");
+  EXPECT_THAT(report(), HasSubstr("- There is no /proc/cpuinfo: a container hides it.\n"
+                                  "- The device tree has no node /orvanix.\n"));
+}
+
+TEST_F(Explain, TellsOfAMisspeltNode) {
+  mBoard.directory("/proc/device-tree/orvanics").directory("/proc/device-tree/cpus");
+  expectRemark("The device tree has a node 'orvanics', but 'orvanix' is looked for.");
+}
+
+TEST_F(Explain, TellsOfMisspeltProperties) {
+  mBoard.property("boardID", "12").property("descripton", "Kestrel").property("wan", "eth0");
+  expectRemark(
+      "The node has a property 'boardID', but 'boardid' is looked for.\n"
+      "- The node has a property 'descripton', but 'description' is looked for.");
+}
+
+TEST_F(Explain, TellsThatTheNodeHasNoBoardid) {
+  mBoard.property("site", "north gate");
+  expectRemark("The node /orvanix has no boardid.");
+}
+
+TEST_F(Explain, MissesNoBoardidOnABoardThatIsIdentified) {
+  mBoard.property("site", "north gate").cpuinfo("Hardware: Kestrel\n").catalogue("Kestrel:12\n");
+  EXPECT_THAT(report(), Not(HasSubstr("boardid.")));
+}
+
+TEST_F(Explain, TellsThatTheDescriptionIsOfCells) {
+  mBoard.property("boardid", "12").property("description", bytes("\0\0\0\x0c"));
+  expectRemark("The description is of cells, but is read as text: the name is empty.");
+}
+
+TEST_F(Explain, TellsThatTheBoardidMeansAPc) {
+  mBoard.property("boardid", "64").property("description", "Kestrel");
+  expectRemark("The boardid is 64, the number that means a PC.");
+}
+
+TEST_F(Explain, TellsWhichReleasesHaveTheSameEnd) {
+  kernelIs("5.15.148-vx-7b", "mips");
+  expectRemark(
+      "Of the release, only what follows the last '-' counts: any kernel that ends in '-7b' "
+      "matches the alias '7b'.");
+}
+
+TEST_F(Explain, TellsThatManyReleasesEndInANumber) {
+  kernelIs("6.1.0-13", "mips");
+  mBoard.catalogue("Kestrel:12:13\n");
+  expectRemark(
+      "Of the release, only what follows the last '-' counts: any kernel that ends in '-13' "
+      "matches the alias '13'.");
+}
+
+TEST_F(Explain, SaysNothingOfOtherReleasesWhereTheEndTellsEnough) {
+  kernelIs("6.1.55-kestrel2", "mips");
+  EXPECT_THAT(report(), Not(HasSubstr("Of the release")));
+}
+
+TEST_F(Explain, SaysNothingOfOtherReleasesWhereAnotherSourceDecided) {
+  kernelIs("6.1.0-13", "mips");
+  mBoard.property("boardid", "12").property("description", "Kestrel");
+  EXPECT_THAT(report(), Not(HasSubstr("Of the release")));
+}
+
+TEST_F(Explain, ShowsTheBlanksAtTheEndsOfTheHardwareValue) {
+  mBoard.cpuinfo("Hardware:  Kestrel 2  \n");
+  EXPECT_THAT(report(), HasSubstr("This line in /etc/known_ovx_ids would make it known:\n"
+                                  "  NAME:NUMBER:\\x20Kestrel 2\\x20\\x20\n"
+                                  "where the escapes stand for the bytes themselves.\n"));
+}
+
+TEST_F(Explain, ShowsAHardwareValueOfBlanks) {
+  mBoard.cpuinfo("Hardware:   \n");
+  EXPECT_THAT(report(), HasSubstr("  NAME:NUMBER:\\x20\\x20\n"));
+}
+
+TEST_F(Explain, TellsOfValuesThatProgramsSeeInPart) {
+  mBoard.property("gates", bytes("north\0south\0"))
+      .property("speed", bytes("\0\0\0\0"))
+      .property("site", bytes("hall\0"))
+      .property("room", "7")
+      .property("none", bytes("\0"));
+  EXPECT_THAT(report(), testing::ContainsRegex(
+                            "\n- Programs see only what stands before the first NUL byte of "
+                            "'OVX_(GATES' and 'OVX_SPEED|SPEED' and 'OVX_GATES)'\\.\n"));
+}
+
+TEST_F(Explain, TellsThatTheWanNamesNoInterface) {
+  mBoard.property("wan", bytes("\0\0\0\0"));
+  expectRemark("OVX_WAN names no interface. There is no OVX_WAN_ID.");
+}
+
 TEST_F(Explain, TellsOfNamesThatNoShellHas) {
   mBoard.property("#cells", "x").property("gpio{1}", "x").property("name", "orvanix");
-  expectRemark("No shell has a variable of the name 'OVX_#CELLS' and 'OVX_GPIO{1}'.");
+  expectRemark("Shells cannot have variables named 'OVX_#CELLS' and 'OVX_GPIO{1}'.");
 }
 
 TEST_F(Explain, TellsThatTheWanInterfaceIsNotThere) {

@@ -61,6 +61,10 @@ void FrontEnd::inputFrom(const std::string& path) {
   });
 }
 
+void FrontEnd::outputTo(int descriptor) {
+  mPreparations.emplace_back([descriptor] { require(dup2(descriptor, STDOUT_FILENO), "dup2"); });
+}
+
 void FrontEnd::outputTo(const char* path) {
   mPreparations.emplace_back([path] { replaceByFile(STDOUT_FILENO, path); });
 }
@@ -96,8 +100,8 @@ void FrontEnd::bashIsNotExecutable() {
   });
 }
 
-void FrontEnd::closedPipeIsIgnored() {
-  mPreparations.emplace_back([] { std::signal(SIGPIPE, SIG_IGN); });
+void FrontEnd::ignores(int signal) {
+  mPreparations.emplace_back([signal] { std::signal(signal, SIG_IGN); });
 }
 
 void FrontEnd::filesAreAtMost(unsigned bytes) {

@@ -21,6 +21,7 @@ class FrontEnd : public testing::Test {
 
   // These change how the front end is started. Later calls add to earlier ones.
   void inputFrom(const std::string& path);
+  void outputTo(int descriptor);
   void outputTo(const char* path);
   void outputToClosedPipe();
   void outputClosed();
@@ -29,13 +30,13 @@ class FrontEnd : public testing::Test {
   void pathIs(const char* path);
   void shellIs(const char* shell);
   void bashIsNotExecutable();
-  void closedPipeIsIgnored();
+  void ignores(int signal);
   void filesAreAtMost(unsigned bytes);
   void isPosixlyCorrect();
   // Also root then reads only what the modes of files allow.
   void obeysModes();
   void onAPc();
-  // What uname(2) tells the front end and what it starts.
+  // What uname(2) tells the front end and what it starts. With an empty machine it fails.
   void kernelIs(const std::string& release, const std::string& machine);
   // The allocations are counted from 1. Which one was refused is told on standard error.
   void refusesAllocation(int number);

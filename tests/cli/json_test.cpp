@@ -171,6 +171,11 @@ TEST_F(JsonFormat, ShowsNoArrayForAnEmptyString) {
   EXPECT_FALSE(listed()["parameters"][0].contains("strings"));
 }
 
+TEST_F(JsonFormat, ShowsNoArrayForCells) {
+  mBoard.property("reg", bytes("\1\0\2\0"));
+  EXPECT_FALSE(listed()["parameters"][0].contains("strings"));
+}
+
 TEST_F(JsonFormat, ShowsNoArrayForWhatIsNotEnded) {
   mBoard.property("compatible", bytes("a\0b"));
   EXPECT_FALSE(listed()["parameters"][0].contains("strings"));

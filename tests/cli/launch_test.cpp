@@ -24,7 +24,7 @@ TEST_F(FrontEnd, LetsTheProgramDieOfAClosedPipe) {
 }
 
 TEST_F(FrontEnd, LetsTheProgramInheritAnIgnoredClosedPipe) {
-  closedPipeIsIgnored();
+  ignores(SIGPIPE);
   EXPECT_EQ(ovxid({"run", "sh", "-c", "kill -PIPE $$; exit 7"}).status, 7);
 }
 

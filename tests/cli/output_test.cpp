@@ -1,5 +1,8 @@
+#include <fcntl.h>
 #include <gtest/gtest.h>
+#include <unistd.h>
 
+#include <climits>
 #include <csignal>
 
 #include "cli/front_end.h"
@@ -31,7 +34,7 @@ TEST_P(Output, ToAClosedPipeEndsQuietly) {
 TEST_P(Output, ToAClosedPipeThatIsIgnoredIsAnError) {
   mBoard.property("boardid", "7").property("description", "Field Node");
   outputToClosedPipe();
-  closedPipeIsIgnored();
+  ignores(SIGPIPE);
   EXPECT_EQ(ovxid({GetParam().word}), (Outcome{3, "", "ovxid: standard output: Broken pipe\n"}));
 }
 
@@ -52,6 +55,21 @@ INSTANTIATE_TEST_SUITE_P(Of, Output,
 TEST_F(FrontEnd, ReportsAnUnwrittenNameOfAnUnknownBoardAsUnwritten) {
   outputTo("/dev/full");
   EXPECT_EQ(ovxid({"name"}), (Outcome{3, "", "ovxid: standard output: No space left on device\n"}));
+}
+
+// A reader that goes away when it has seen enough has then taken all of it.
+TEST_F(FrontEnd, HandsOverTheListAtOnce) {
+  mBoard.property("boardid", "7").property("description", "Field Node");
+  int ends[2];
+  // One read gives what one write handed over.
+  ASSERT_EQ(pipe2(ends, O_DIRECT | O_CLOEXEC), 0);
+  outputTo(ends[1]);
+  ovxid({"list"});
+  std::string list(PIPE_BUF, '\0');
+  list.resize(static_cast<std::size_t>(read(ends[0], list.data(), list.size())));
+  EXPECT_EQ(list, "OVX_ID=7\nOVX_DESC=Field Node\nOVX_DESCRIPTION=Field Node\nOVX_BOARDID=7\n");
+  close(ends[0]);
+  close(ends[1]);
 }
 
 TEST_F(FrontEnd, NeedsNoOutputToListNothing) {
