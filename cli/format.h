@@ -12,7 +12,8 @@ namespace ovxid::cli {
 struct Format {
   const char* name;
   const char* summary;
-  // Whether the text tells what only the library's messages do: then the board must keep them.
+  // Whether the text names the source, which only the library's messages tell. Then the board must
+  // keep them.
   bool needsMessages;
   // The text of a board whose parameters are collected.
   std::string (*write)(Board& board);

@@ -1,3 +1,4 @@
+#include <cxxabi.h>
 #include <unistd.h>
 
 #include <cstdlib>
@@ -5,6 +6,7 @@
 #include <iostream>
 #include <new>
 #include <string_view>
+#include <typeinfo>
 
 #include "command_line.h"
 #include "diagnostics.h"
@@ -29,9 +31,12 @@ constexpr std::string_view outOfMemory = "ovxid: memory: Cannot allocate memory\
 
 // GCOVR_EXCL_START: gcc does not write its counts when a process ends like this
 // The destructors of the JSON library take memory. Where there is none, they end the process.
-[[noreturn]] void endWithoutMemory() {
-  [[maybe_unused]] const ssize_t count =
-      write(STDERR_FILENO, outOfMemory.data(), outOfMemory.size());
+[[noreturn]] void complainAndEnd() {
+  const std::type_info* const exception = abi::__cxa_current_exception_type();
+  const std::string_view line = exception != nullptr && *exception == typeid(std::bad_alloc)
+                                    ? outOfMemory
+                                    : "ovxid: internal error: the process was ended\n";
+  [[maybe_unused]] const ssize_t count = write(STDERR_FILENO, line.data(), line.size());
   std::_Exit(exit_status::ownFailure.value);
 }
 // GCOVR_EXCL_STOP
@@ -44,7 +49,7 @@ int main(int argc, char** argv) {
   using ovxid::cli::complain;
   using ovxid::cli::exit_status::ownFailure;
   ovxid::cli::turnSignalsIntoErrors();
-  std::set_terminate(ovxid::cli::endWithoutMemory);
+  std::set_terminate(ovxid::cli::complainAndEnd);
   try {
     return ovxid::cli::performOrComplain(argc, argv);
   } catch (const std::bad_alloc&) {  // GCOVR_EXCL_BR_LINE: see below

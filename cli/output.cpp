@@ -80,7 +80,8 @@ std::string fileBehind(const std::string& path) {
   }
   char* const resolved = realpath(path.c_str(), nullptr);
   if (resolved == nullptr) {
-    throw Failure(exit_status::notWritten, path, "a link that leads nowhere");
+    throw Failure(exit_status::notWritten, path,
+                  errno == ENOENT ? "a link that leads nowhere" : std::strerror(errno));
   }
   std::string file = resolved;
   std::free(resolved);
@@ -88,9 +89,17 @@ std::string fileBehind(const std::string& path) {
 }
 
 // In the directory of the file, since only there a file can be renamed into its place. It has a
-// short name, as that of the file may be as long as names can be.
+// short name, as that of the file may be as long as names can be. mkostemp(3) replaces the last six
+// letters.
 std::string temporaryBeside(const std::string& path) {
-  return path.substr(0, path.rfind('/') + 1) + ".ovxid." + std::to_string(getpid());
+  return path.substr(0, path.rfind('/') + 1) + ".ovxid.XXXXXX";
+}
+
+// What open(2) would have given the file.
+bool hasUsualMode(int descriptor) {
+  const mode_t masked = umask(0);
+  umask(masked);
+  return fchmod(descriptor, 0666 & ~masked) == 0;
 }
 
 // A device or a pipe would be replaced by a file that nobody reads.
@@ -105,11 +114,10 @@ void refuseSpecialFile(const std::string& path) {
 // A file beside the one that it is to replace, removed unless it did.
 class Replacement {
  public:
-  explicit Replacement(const std::string& path) : mPath(path), mTemporary(temporaryBeside(path)) {
-    // A process of the same number that was killed may have left one.
-    unlink(mTemporary.c_str());
-    mDescriptor = open(mTemporary.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
-  }
+  explicit Replacement(const std::string& path)
+      : mPath(path),
+        mTemporary(temporaryBeside(path)),
+        mDescriptor(mkostemp(mTemporary.data(), O_CLOEXEC)) {}
   ~Replacement() {
     if (mDescriptor >= 0) {
       close(mDescriptor);
@@ -121,7 +129,7 @@ class Replacement {
 
   bool isWritten(std::string_view text) const {
     // GCOVR_EXCL_BR_LINE: no file system of the tests fails to write what it has taken
-    return mDescriptor >= 0 && writeAll(mDescriptor, text) &&
+    return mDescriptor >= 0 && writeAll(mDescriptor, text) && hasUsualMode(mDescriptor) &&
            fsync(mDescriptor) == 0;  // GCOVR_EXCL_BR_LINE
   }
 
@@ -177,10 +185,13 @@ void replaceFile(const std::string& path, const std::string& text) {
   refuseSpecialFile(path);
   const Undisturbed undisturbed;
   Replacement replacement(fileBehind(path));
-  if (!replacement.isWritten(text) || !replacement.isInPlace()) {
+  if (!replacement.isWritten(text)) {
     failToWrite(path, errno);
   }
   requireThatMessagesWereWritten();
+  if (!replacement.isInPlace()) {
+    failToWrite(path, errno);
+  }
 }
 
 }  // namespace ovxid::cli

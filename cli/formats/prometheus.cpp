@@ -9,14 +9,13 @@ namespace ovxid::cli::format {
 
 namespace {
 
-// No value has a newline, which would have to be escaped as well.
 std::string quoted(const std::string& value) {
   std::string text = "\"";
   for (const char byte : value) {
-    if (byte == '"' || byte == '\\') {
+    if (byte == '"' || byte == '\\' || byte == '\n') {
       text += '\\';
     }
-    text += byte;
+    text += byte == '\n' ? 'n' : byte;
   }
   return text + "\"";
 }

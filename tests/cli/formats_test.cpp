@@ -176,6 +176,12 @@ TEST_F(Formats, PrometheusEscapesANameThatIsNoText) {
             1);
 }
 
+TEST_F(Formats, PrometheusEscapesANewlineInAName) {
+  Board board;
+  board.property("a\nb", "c");
+  EXPECT_EQ(lines("prometheus").count(R"(ovxid_parameter_info{name="OVX_A\nB",value="c"} 1)"), 1);
+}
+
 TEST_F(Formats, PrometheusLeavesOutWhatIsNoText) {
   Board board;
   board.property("latin", "\xe4").property("n\xe4me", "a");

@@ -3,12 +3,14 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <set>
 #include <sstream>
 
 #include "cli/front_end.h"
+#include "simulation/system_calls.h"
 
 namespace {
 
@@ -43,6 +45,14 @@ TEST_F(OutputFile, IsReplacedByTheListing) {
   EXPECT_EQ(listTo("/proc/out/listing"), (Outcome{0, "", ""}));
   EXPECT_EQ(contentOf("/proc/out/listing"), "OVX_WIFI=yes\n");
   EXPECT_EQ(filesIn("/proc/out"), (std::set<std::string>{"listing"}));
+}
+
+// After a loss of power there is the old content or the new one.
+TEST_F(OutputFile, IsOnTheDiskBeforeItTakesItsPlace) {
+  const std::vector<std::string> calls = systemCallsOf(
+      [] { execl(OVXID_CLI, OVXID_CLI, "list", "--output", "/proc/out/listing", nullptr); });
+  const auto sync = std::find(calls.begin(), calls.end(), "fsync");
+  EXPECT_NE(std::find(sync, calls.end(), "rename"), calls.end()) << testing::PrintToString(calls);
 }
 
 TEST_F(OutputFile, IsMadeWhenItIsMissing) {
@@ -107,6 +117,12 @@ TEST_F(OutputFile, ReplacesNoLinkThatLeadsNowhere) {
   EXPECT_TRUE(std::filesystem::is_symlink("/proc/out/link"));
 }
 
+TEST_F(OutputFile, ReplacesNoLinkToItself) {
+  std::filesystem::create_symlink("link", "/proc/out/link");
+  EXPECT_EQ(listTo("/proc/out/link"),
+            (Outcome{3, "", "ovxid: /proc/out/link: Too many levels of symbolic links\n"}));
+}
+
 TEST_F(OutputFile, MayHaveTheLongestName) {
   const std::string path = "/proc/out/" + std::string(255, 'n');
   EXPECT_EQ(listTo(path), (Outcome{0, "", ""}));
@@ -117,10 +133,11 @@ TEST_F(OutputFile, MayBeStandardOutput) {
   EXPECT_EQ(listTo("-"), (Outcome{0, "OVX_WIFI=yes\n", ""}));
 }
 
-TEST_F(OutputFile, IsWrittenWhenMessagesAreLost) {
+TEST_F(OutputFile, StaysWhenMessagesAreLost) {
   messagesTo("/dev/full");
   EXPECT_EQ(ovxid({"-v", "list", "--output", "/proc/out/listing"}).status, 3);
-  EXPECT_EQ(contentOf("/proc/out/listing"), "OVX_WIFI=yes\n");
+  EXPECT_EQ(contentOf("/proc/out/listing"), "old\n");
+  EXPECT_EQ(filesIn("/proc/out"), (std::set<std::string>{"listing"}));
 }
 
 TEST_F(OutputFile, CannotBeMadeInAMissingDirectory) {

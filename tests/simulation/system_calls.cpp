@@ -26,7 +26,13 @@ const std::map<long, const char*> names{
     {SYS_openat, "openat"},       {SYS_read, "read"},       {SYS_close, "close"},
     {SYS_uname, "uname"},         {SYS_socket, "socket"},   {SYS_ioctl, "ioctl"},
     {SYS_fcntl, "fcntl"},         {SYS_newfstatat, "stat"}, {SYS_lseek, "lseek"},
-    {SYS_getdents64, "getdents"},
+    {SYS_getdents64, "getdents"}, {SYS_fsync, "fsync"},
+// Where there is no rename, the C library asks for renameat.
+#ifdef SYS_rename
+    {SYS_rename, "rename"},
+#else
+    {SYS_renameat, "rename"},
+#endif
 };
 
 bool concernsMemory(long number) {
