@@ -79,7 +79,8 @@ inline std::vector<ovx_param> parameters(OvxIdentifier& identifier) {
 /**
  * @brief Returns the variables that OvxIdentifier::execute() would export for a list.
  *
- * @param parameters The list, as parameters() returns it.
+ * @param parameters The list, as parameters() returns it. A parameter whose name has a '=', which
+ *        execute() does not export, stands there with a shorter name, and so is not left out here.
  * @return One entry for each name, in the order of their first appearance: of equal names the last
  *         value, up to its first NUL byte. Empty names are left out, and so are names with a '='.
  *         Names end at their first NUL byte too.
