@@ -1,6 +1,7 @@
 #ifndef OVXID_CLI_CHECK_EARLIER_BOARDS_H
 #define OVXID_CLI_CHECK_EARLIER_BOARDS_H
 
+#include <memory_resource>
 #include <string_view>
 #include <unordered_map>
 
@@ -31,8 +32,9 @@ class EarlierBoards {
   bool takeAlias(std::string_view alias, const Line& line, Findings& findings);
 
   // One table for both: a look into a large one costs more than all else that is done for a line.
-  std::unordered_map<std::string_view, Takers> mTexts;
-  std::unordered_map<std::int32_t, std::size_t> mNumbers;
+  std::pmr::monotonic_buffer_resource mMemory;
+  std::pmr::unordered_map<std::string_view, Takers> mTexts{&mMemory};
+  std::pmr::unordered_map<std::int32_t, std::size_t> mNumbers{&mMemory};
 };
 
 }  // namespace ovxid::cli

@@ -8,16 +8,18 @@ namespace ovxid::cli {
 Findings::Findings(std::string file, std::vector<std::string> ignored)
     : mFile(std::move(file)), mIgnored(std::move(ignored)) {}
 
-void Findings::error(std::size_t line, const std::string& what) { add(line, "error: " + what); }
+void Findings::error(std::size_t line, const std::string& what) {
+  begin(line).append("error: ").append(what).append("\n");
+}
 
 void Findings::warn(const Warning& warning, std::size_t line, const std::string& what) {
   if (std::find(mIgnored.begin(), mIgnored.end(), warning.name) == mIgnored.end()) {
-    add(line, "warning: " + what + " [" + warning.name + "]");
+    begin(line).append("warning: ").append(what).append(" [").append(warning.name).append("]\n");
   }
 }
 
-void Findings::add(std::size_t line, const std::string& what) {
-  mText += mFile + ":" + std::to_string(line) + ": " + what + "\n";
+std::string& Findings::begin(std::size_t line) {
+  return mText.append(mFile).append(":").append(std::to_string(line)).append(": ");
 }
 
 }  // namespace ovxid::cli

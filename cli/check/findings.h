@@ -20,7 +20,8 @@ class Findings {
   const std::string& text() const { return mText; }
 
  private:
-  void add(std::size_t line, const std::string& what);
+  // The text, with what stands before each finding of the line at its end.
+  std::string& begin(std::size_t line);
 
   std::string mFile;
   std::vector<std::string> mIgnored;

@@ -10,6 +10,7 @@
 #include <cstring>
 #include <map>
 #include <new>
+#include <set>
 #include <utility>
 
 #include "ascii.h"
@@ -149,16 +150,16 @@ bool isCutAtNul(std::string_view value) {
 
 // There are remarks on the boardid and the description that say more.
 void remarkOnNuls(const std::vector<ovx_param>& list, Remarks& remarks) {
-  std::vector<std::string> names;
+  std::set<std::string> names;
   for (const ovx_param& each : list) {
     const bool isOfIdentity = each.name == "OVX_BOARDID" || each.name == "OVX_DESCRIPTION";
     if (!isOfIdentity && isCutAtNul(each.value)) {
-      names.push_back(each.name);
+      names.insert(each.name);
     }
   }
   if (!names.empty()) {
     remarks.push_back("Programs see only what stands before the first NUL byte of " +
-                      joined(names) + ".");
+                      joined({names.begin(), names.end()}) + ".");
   }
 }
 
