@@ -6,38 +6,16 @@
 
 #include <charconv>
 #include <cstring>
-#include <fstream>
 #include <optional>
 
-#include "simulation/world.h"
+#include "catalogue_file.h"
 
 namespace {
 
 constexpr const char* path = "/etc/known_ovx_ids";
 
-// Lines of one length, so that a line costs the same in every catalogue.
-std::string line(long number) {
-  std::string digits = std::to_string(number);
-  digits.insert(0, 7 - digits.size(), '0');
-  return "Field Node " + digits + ":" + digits + ":fn" + digits + ":field-" + digits + "\n";
-}
-
-// The /etc of this process, which holds such a catalogue and nothing else.
-class Catalogue {
- public:
-  explicit Catalogue(long lines) : mEtc("/etc") {
-    std::ofstream file(path);
-    for (long number = 1; number <= lines; ++number) {
-      file << line(number);
-    }
-  }
-
- private:
-  ReplacedDirectory mEtc;
-};
-
 void load(benchmark::State& state) {
-  const Catalogue catalogue(state.range(0));
+  const CatalogueFile catalogue(path, state.range(0));
   while (state.KeepRunning()) {
     std::optional<OvxIdentifier> identifier(std::in_place, nullptr);
     benchmark::DoNotOptimize(identifier);
@@ -87,7 +65,7 @@ std::vector<HardwareIdentity> bareLoad() {
 }
 
 void loadFloor(benchmark::State& state) {
-  const Catalogue catalogue(state.range(0));
+  const CatalogueFile catalogue(path, state.range(0));
   while (state.KeepRunning()) {
     std::optional<std::vector<HardwareIdentity>> identities(bareLoad());
     benchmark::DoNotOptimize(identities);
