@@ -37,8 +37,11 @@ bool isToldBy(Options& options, int argc, char** argv, Place& place) {
 }
 
 // The place of an operand is also that of an option, as long as nothing ended the options.
-void takeOperand(bool mayBeOption, const std::string& operand, Place& place) {
-  place.placeholder = mayBeOption ? "OPTION" : operand;
+std::string placeholder(bool mayBeOption, const std::string& operand) {
+  if (mayBeOption) {
+    return "OPTION";
+  }
+  return operand;
 }
 
 void readCommand(int argc, char** argv, bool isOption, Place& place) {
@@ -50,8 +53,8 @@ void readCommand(int argc, char** argv, bool isOption, Place& place) {
   const int operand = argc - 1 - optind;
   const bool launches = command.launches == Launches::firstOperand && operand > 0;
   place.firstOperand += optind;
-  takeOperand(isOption && !launches && !options.wereEndedByDashes(argv), command.operandAt(operand),
-              place);
+  place.placeholder = placeholder(isOption && !launches && !options.wereEndedByDashes(argv),
+                                  command.operandAt(operand));
 }
 
 }  // namespace
@@ -70,7 +73,7 @@ Place placeOfLast(int argc, char** argv) {
   }
   const int position = optind;
   if (position == argc - 1) {
-    takeOperand(option && !options.wereEndedByDashes(argv), "COMMAND", place);
+    place.placeholder = placeholder(option && !options.wereEndedByDashes(argv), "COMMAND");
     return place;
   }
   place.command = &commandNamed(argv[position]);

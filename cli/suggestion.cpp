@@ -53,7 +53,10 @@ std::string nearest(std::string_view word, const std::vector<std::string>& known
 
 std::string suggestion(std::string_view mistyped, const std::vector<std::string>& known) {
   const std::string meant = nearest(mistyped, known);
-  return meant.empty() ? "" : ", did you mean '" + meant + "'?";
+  if (meant.empty()) {
+    return "";
+  }
+  return ", did you mean '" + meant + "'?";
 }
 
 }  // namespace ovxid::cli

@@ -19,8 +19,11 @@ std::string meantBy(const std::string& name, const std::vector<ovx_param>& varia
   std::vector<std::string> known;
   std::transform(variables.begin(), variables.end(), std::back_inserter(known),
                  [](const ovx_param& each) { return each.name; });
-  const std::string meant = suggestion(name, known);
-  return meant.empty() ? suggestion("OVX_" + name, known) : meant;
+  std::string meant = suggestion(name, known);
+  if (meant.empty()) {
+    meant = suggestion("OVX_" + name, known);
+  }
+  return meant;
 }
 
 }  // namespace

@@ -30,9 +30,10 @@ void remarkOnOtherReleases(const Evidence& evidence, Remarks& remarks) {
   const std::string_view release = evidence.kernel.release;
   const bool isNumber = std::all_of(suffix.begin(), suffix.end(), isDigit);
   if (isNumber || release.find('-') != release.rfind('-')) {
+    const std::string end = "-" + suffix;
     remarks.push_back(
         "Of the release, only what follows the last '-' counts: any kernel that ends in " +
-        shown("-" + suffix) + " matches the alias " + shown(suffix) + ".");
+        shown(end) + " matches the alias " + shown(suffix) + ".");
   }
 }
 
@@ -41,7 +42,7 @@ void remarkOnOtherReleases(const Evidence& evidence, Remarks& remarks) {
 Remarks remarksOnHidden(const Evidence& evidence) {
   Remarks remarks;
   const bool mayDecide = !evidence.decidedBy || evidence.decidedBy == Source::kernelRelease;
-  if (mayDecide && evidence.suffix.value_or("") != "") {
+  if (mayDecide && evidence.suffix && !evidence.suffix->empty()) {
     remarkOnOtherReleases(evidence, remarks);
   }
   if (evidence.decidedBy) {

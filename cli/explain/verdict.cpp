@@ -67,7 +67,9 @@ struct Lines {
     const std::string seen = visibleToItsEnds(value);
     text += "  " + before + seen + behind + "\n";
     ++count;
-    areEscaped = areEscaped || seen != value;
+    if (seen != value) {
+      areEscaped = true;
+    }
   }
 };
 

@@ -28,7 +28,10 @@ void setText(Json& object, const std::string& key, const std::string& text) {
 }
 
 // Cells may look like short strings.
-bool isPrintable(std::string_view text) { return !text.empty() && harmless(text) == text; }
+bool isPrintable(std::string_view text) {
+  const std::string printed = harmless(text);
+  return !text.empty() && printed == text;
+}
 
 // The strings of a list such as `compatible`. A single string is no list.
 Json strings(std::string_view value) {

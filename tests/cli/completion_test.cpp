@@ -86,6 +86,7 @@ TEST_F(Completion, OffersTheOptionsOfACommandBehindIt) {
   EXPECT_EQ(complete({"get", "OVX_ID", "--"}), offered(commonOptions));
   EXPECT_EQ(complete({"get", "-v="}), offered(commonOptions));
   EXPECT_EQ(complete({"run", "-v", "-"}), offered(commonOptions));
+  EXPECT_EQ(complete({"list", "--output", "--", "-"}), complete({"list", "-"}));
   EXPECT_EQ(
       complete({"list", "--format", "json", "-"}),
       offered(std::string("--format\tChoose the format, plain if not given\n"

@@ -573,6 +573,11 @@ TEST_F(Explain, ShowsTheBlanksAtTheEndsOfTheHardwareValue) {
                                   "where the escapes stand for the bytes themselves.\n"));
 }
 
+TEST_F(Explain, ShowsTheBlankThatEndsTheHardwareValue) {
+  mBoard.cpuinfo("Hardware: Kestrel \n");
+  EXPECT_THAT(report(), HasSubstr("  NAME:NUMBER:Kestrel\\x20\n"));
+}
+
 TEST_F(Explain, ShowsAHardwareValueOfBlanks) {
   mBoard.cpuinfo("Hardware:   \n");
   EXPECT_THAT(report(), HasSubstr("  NAME:NUMBER:\\x20\\x20\n"));
