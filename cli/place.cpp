@@ -21,15 +21,15 @@ const char* endOf(const char* text) { return text + std::strlen(text); }
 // Whether the options tell the place: it is that of an argument, or it is behind a request for a
 // help text or the version, where nothing matters.
 bool isToldBy(Options& options, int argc, char** argv, Place& place) {
-  const char* const last = argv[argc - 1];
+  const char* const word = argv[argc - 1];
   while (const Option* const option = options.next(argc, argv)) {
     if (option->is(helpOption) || option->is(versionOption)) {
       return true;
     }
     const char* const argument = options.argument();
-    if (argument != nullptr && endOf(argument) == endOf(last)) {
+    if (argument != nullptr && endOf(argument) == endOf(word)) {
       place.placeholder = option->argument;
-      place.prefix.assign(last, argument);
+      place.prefix.assign(word, static_cast<std::size_t>(argument - word));
       return true;
     }
   }

@@ -158,8 +158,10 @@ void remarkOnNuls(const std::vector<ovx_param>& list, Remarks& remarks) {
     }
   }
   if (!names.empty()) {
-    remarks.push_back("Programs see only what stands before the first NUL byte of " +
-                      joined({names.begin(), names.end()}) + ".");
+    remarks.push_back(
+        "Of cells and of lists of texts, programs see only what stands before the "
+        "first NUL byte: " +
+        joined({names.begin(), names.end()}) + ".");
   }
 }
 
@@ -169,6 +171,9 @@ void remarkOnNames(const Properties& properties, Remarks& remarks) {
     if (variable.find('=') != std::string::npos) {
       remarks.push_back("No program sees a variable named " + shown(variable) +
                         ", which has a '='.");
+    } else if (variable.substr(0, 8) == "OVX_OVX_") {
+      remarks.push_back("The property " + shown(paths.front()) + " becomes " + shown(variable) +
+                        ": leave out what stands before its name.");
     } else if (!isShellName(variable)) {
       names.push_back(variable);
     }

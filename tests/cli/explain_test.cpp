@@ -481,8 +481,8 @@ TEST_F(Explain, TellsThatTheAddressIsOfAnotherInterface) {
 
 // The kernel gives each node a file of this name, which is no property of it.
 TEST_F(Explain, OverlooksTheNamesOfNodes) {
-  mBoard.property("name", "orvanix").property("radio/name", "radio").property("radio/band", "5");
-  EXPECT_THAT(report(), Not(HasSubstr("OVX_NAME")));
+  mBoard.property("name", "or\nvanix").property("radio/name", "radio").property("radio/band", "5");
+  EXPECT_THAT(report(), Not(HasSubstr("name")));
 }
 
 TEST_F(Explain, TellsThatUnameFailed) {
@@ -573,6 +573,11 @@ TEST_F(Explain, ShowsTheBlanksAtTheEndsOfTheHardwareValue) {
                                   "where the escapes stand for the bytes themselves.\n"));
 }
 
+TEST_F(Explain, ShowsTheBlankThatBeginsTheHardwareValue) {
+  mBoard.cpuinfo("Hardware:  Kestrel\n");
+  EXPECT_THAT(report(), HasSubstr("  NAME:NUMBER:\\x20Kestrel\n"));
+}
+
 TEST_F(Explain, ShowsTheBlankThatEndsTheHardwareValue) {
   mBoard.cpuinfo("Hardware: Kestrel \n");
   EXPECT_THAT(report(), HasSubstr("  NAME:NUMBER:Kestrel\\x20\n"));
@@ -590,7 +595,21 @@ TEST_F(Explain, TellsOfValuesThatProgramsSeeInPart) {
       .property("room", "7")
       .property("none", bytes("\0"));
   expectRemark(
-      "Programs see only what stands before the first NUL byte of 'OVX_GATES' and 'OVX_SPEED'.");
+      "Of cells and of lists of texts, programs see only what stands before the first NUL byte: "
+      "'OVX_GATES' and 'OVX_SPEED'.");
+}
+
+TEST_F(Explain, TellsOfAPropertyThatIsCalledLikeAParameter) {
+  mBoard.property("ovx_site", "hall");
+  expectRemark(
+      "The property 'ovx_site' becomes 'OVX_OVX_SITE': leave out what stands before its "
+      "name.");
+}
+
+TEST_F(Explain, NamesAliasesThatDifferInAPlus) {
+  kernelIs("6.1.55-kestrel2+", "mips");
+  mBoard.catalogue("Kestrel:12:kestrel2\n");
+  expectRemark("'kestrel2+' differs from the alias 'kestrel2' in line 1 only in a '+'.");
 }
 
 TEST_F(Explain, TellsThatTheWanNamesNoInterface) {
