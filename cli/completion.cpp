@@ -3,9 +3,8 @@
 #include <ovxid/parameters.h>
 
 #include "board.h"
-#include "check/warnings.h"
+#include "choices.h"
 #include "command_table.h"
-#include "format.h"
 #include "visible.h"
 
 namespace ovxid::cli {
@@ -20,18 +19,13 @@ std::string candidate(const std::string& word, const char* summary) {
   return word + "\t" + summary + "\n";
 }
 
-template <typename Table>
-std::string rows(const Place& place, const Table& table) {
+std::string words(const Place& place, const Choices& choices) {
   std::string candidates;
-  for (const auto& row : table) {
-    candidates += candidate(row.name, row.summary);
+  for (const Choice& choice : choices.list) {
+    candidates += candidate(choice.name, choice.summary);
   }
   return words(place, candidates);
 }
-
-std::string commands(const Place& place) { return rows(place, commandTable); }
-std::string formats(const Place& place) { return rows(place, formatTable); }
-std::string warningNames(const Place& place) { return rows(place, warnings); }
 
 std::string options(const Place& place) {
   std::string candidates;
@@ -70,20 +64,23 @@ std::string arguments(const Place& place) {
   return place.command->launches == Launches::firstOperand ? program(place) : files(place);
 }
 
-// What may stand for each placeholder of the table of commands.
+// What may stand for a placeholder that is not one of a few choices.
 struct Placeholder {
   const char* name;
   std::string (*complete)(const Place&);
 };
 
 constexpr Placeholder placeholders[] = {
-    {"COMMAND", commands}, {"OPTION", options},  {"FORMAT", formats}, {"NAME", parameterNames},
-    {"FILE", files},       {"PROGRAM", program}, {"ARG", arguments},  {"WARNING", warningNames},
+    {"OPTION", options},  {"NAME", parameterNames}, {"FILE", files},
+    {"PROGRAM", program}, {"ARG", arguments},
 };
 
 }  // namespace
 
 std::string completion(const Place& place) {
+  if (const std::optional<Choices> choices = choicesFor(place.placeholder)) {
+    return words(place, *choices);
+  }
   for (const Placeholder& each : placeholders) {
     if (each.name == place.placeholder) {
       return each.complete(place);

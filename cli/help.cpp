@@ -2,10 +2,9 @@
 
 #include <algorithm>
 
-#include "check/warnings.h"
+#include "choices.h"
 #include "command_table.h"
 #include "exit_status.h"
-#include "format.h"
 
 namespace ovxid::cli {
 
@@ -40,31 +39,21 @@ std::string entriesOf(const std::vector<Option>& options) {
   return text;
 }
 
-template <typename Table>
-std::string entries(const std::string& title, const Table& table) {
-  std::string text = "\n" + title + ":\n";
-  for (const auto& row : table) {
-    text += entry(row.name, row.summary);
+std::string entriesOf(const Choices& choices) {
+  std::string text = std::string("\n") + choices.title + ":\n";
+  for (const Choice& choice : choices.list) {
+    text += entry(choice.name, choice.summary);
   }
   return text;
 }
 
-// What the argument of an option may be.
-std::string choicesFor(const Option& option) {
-  const std::string_view argument = option.argument == nullptr ? "" : option.argument;
-  if (argument == "FORMAT") {
-    return entries("Formats", formatTable);
-  }
-  if (argument == "WARNING") {
-    return entries("Warnings", warnings);
-  }
-  return "";
-}
-
+// What the arguments of its options may be.
 std::string choicesOf(const Command& command) {
   std::string text;
-  for (const Option& option : command.options) {
-    text += choicesFor(option);
+  for (const Option& option : optionsOf(command)) {
+    if (const auto choices = choicesFor(option.argument == nullptr ? "" : option.argument)) {
+      text += entriesOf(*choices);
+    }
   }
   return text;
 }
@@ -73,7 +62,7 @@ std::string choicesOf(const Command& command) {
 
 std::string helpText() {
   std::string text = "Usage: ovxid [OPTIONS] [COMMAND]\n\nTells which board this is.\n" +
-                     entries("Commands", commandTable);
+                     entriesOf(*choicesFor("COMMAND"));
   text += "\nOptions:\n" + entriesOf(generalOptions());
   text += std::string("\nWithout a command: ") + commandTable.begin()->name + ".\n\nExit status:\n";
   for (const ExitStatus& status : exitStatuses) {
