@@ -11,11 +11,10 @@ namespace {
 using Variables = std::multiset<std::string>;
 using Lines = std::multiset<std::string>;
 
-// The board's variables among those that end in NUL bytes.
+// The board's variables among those of an environment.
 Variables boardVariables(const std::string& text) {
   Variables variables;
-  std::istringstream entries(text);
-  for (std::string entry; std::getline(entries, entry, '\0');) {
+  for (const std::string& entry : entriesOf(text)) {
     if (entry.rfind("OVX_", 0) == 0) {
       variables.insert(entry);
     }

@@ -13,6 +13,7 @@
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
+#include <sstream>
 #include <system_error>
 
 namespace {
@@ -37,6 +38,15 @@ void replaceByClosedPipe(int descriptor) {
 }
 
 }  // namespace
+
+std::multiset<std::string> entriesOf(const std::string& text) {
+  std::multiset<std::string> entries;
+  std::istringstream stream(text);
+  for (std::string entry; std::getline(stream, entry, '\0');) {
+    entries.insert(entry);
+  }
+  return entries;
+}
 
 Outcome FrontEnd::ovxid(Arguments arguments) {
   return inChild([&] {

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -11,6 +12,9 @@
 #include "simulation/child.h"
 
 using Arguments = std::vector<std::string>;
+
+// The texts that end in NUL bytes, as `env -0` prints variables, in any order.
+std::multiset<std::string> entriesOf(const std::string& text);
 
 // Starts the real front end, on the board of the test. Only uname(2) tells it of the real machine.
 // Linux tells a 32-bit process that the machine is i686, so the front end is started like one:

@@ -2,7 +2,6 @@
 
 #include <nlohmann/json.hpp>
 #include <set>
-#include <sstream>
 
 #include "cli/front_end.h"
 
@@ -35,9 +34,8 @@ std::string listingOf(const Json& board) {
   return text;
 }
 
-// As `env -0` prints it, in any order.
-std::set<std::string> environmentOf(const Json& board) {
-  std::set<std::string> variables;
+std::multiset<std::string> environmentOf(const Json& board) {
+  std::multiset<std::string> variables;
   for (const auto& [name, value] : board.at("environment").items()) {
     variables.insert(name + "=" + value.get<std::string>());
   }
@@ -47,15 +45,6 @@ std::set<std::string> environmentOf(const Json& board) {
     }
   }
   return variables;
-}
-
-std::set<std::string> entriesOf(const std::string& text) {
-  std::set<std::string> entries;
-  std::istringstream stream(text);
-  for (std::string entry; std::getline(stream, entry, '\0');) {
-    entries.insert(entry);
-  }
-  return entries;
 }
 
 class JsonFormat : public FrontEnd {
