@@ -20,6 +20,7 @@ std::size_t take(std::size_t& taker, const Line& line) {
 }  // namespace
 
 EarlierBoards::EarlierBoards(std::size_t lines, std::size_t texts) {
+  // Most texts are new, which an empty place in the table shows at once.
   mTexts.max_load_factor(0.25F);
   mTexts.reserve(texts);
   mNumbers.reserve(lines);

@@ -13,8 +13,7 @@ namespace ovxid::cli::command {
 
 namespace {
 
-// Which parameter is meant by a name that none has. Who knows the device tree may leave out what
-// stands before the name of the property.
+// The parameter that may be meant by a name that none has, also where its OVX_ is left out.
 std::string meantBy(const std::string& name, const std::vector<ovx_param>& variables) {
   std::vector<std::string> known;
   std::transform(variables.begin(), variables.end(), std::back_inserter(known),
