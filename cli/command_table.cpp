@@ -10,7 +10,7 @@ namespace ovxid::cli {
 // Each is defined in the file of its name in commands/.
 namespace command {
 using Perform = int(const Invocation&);
-Perform check, complete, explain, get, help, list, name, number, run, shell;
+Perform check, complete, explain, get, help, list, name, number, record, replay, run, shell;
 }  // namespace command
 
 namespace {
@@ -23,6 +23,9 @@ constexpr Option outputOption = {"output", '\0', "FILE",
 
 constexpr Option ignoreOption = {"ignore", '\0', "WARNING",
                                  "Leave out the warnings of this name; may be given again"};
+
+constexpr Option noMacOption = {"no-mac", '\0', nullptr,
+                                "Write made-up MAC addresses in the place of the real ones"};
 
 constexpr Command table[] = {
     {"list",
@@ -79,6 +82,24 @@ constexpr Command table[] = {
      "ovxid check --ignore same-number known_ovx_ids",
      {ignoreOption},
      command::check},
+    {"record",
+     "DIRECTORY",
+     1,
+     1,
+     Launches::nothing,
+     "Write down this board in a new directory, to send it to somebody",
+     "ovxid record --no-mac board-12",
+     {noMacOption},
+     command::record},
+    {"replay",
+     "DIRECTORY [[--] PROGRAM [ARG...]]",
+     1,
+     any,
+     Launches::everyWord,
+     "Run a program as on a recorded board; without one, look if ovxid says the same",
+     "ovxid replay board-12 ovxid explain",
+     {},
+     command::replay},
     {"run",
      "[--] PROGRAM [ARG...]",
      1,

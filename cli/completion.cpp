@@ -72,7 +72,7 @@ struct Placeholder {
 
 constexpr Placeholder placeholders[] = {
     {"OPTION", options},  {"NAME", parameterNames}, {"FILE", files},
-    {"PROGRAM", program}, {"ARG", arguments},
+    {"DIRECTORY", files}, {"PROGRAM", program},     {"ARG", arguments},
 };
 
 }  // namespace

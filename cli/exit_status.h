@@ -14,7 +14,7 @@ constexpr ExitStatus no = {
     1, "the board is not identified, has no such parameter, or check found something"};
 constexpr ExitStatus usage = {2, "the command line is wrong"};
 constexpr ExitStatus notWritten = {3, "the output could not be written"};
-constexpr ExitStatus notRead = {4, "a catalogue could not be read"};
+constexpr ExitStatus notRead = {4, "a catalogue, or what is to be recorded, could not be read"};
 // The status that env(1) and timeout(1) have for a failure of their own.
 constexpr ExitStatus ownFailure = {
     125, "ovxid itself failed: memory ran out, or an error that should not happen"};

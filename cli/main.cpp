@@ -8,23 +8,13 @@
 #include <string_view>
 #include <typeinfo>
 
-#include "command_line.h"
 #include "diagnostics.h"
 #include "output.h"
+#include "perform.h"
 
 namespace ovxid::cli {
 
 namespace {
-
-int performOrComplain(int argc, char** argv) {
-  try {
-    const Invocation invocation = readCommandLine(argc, argv);
-    return invocation.command->perform(invocation);
-  } catch (const Failure& failure) {
-    complain(failure.subject(), failure.what());
-    return failure.status();
-  }
-}
 
 // A text of fixed size, since nothing can be composed without memory.
 constexpr std::string_view outOfMemory = "ovxid: memory: Cannot allocate memory\n";
@@ -51,7 +41,7 @@ int main(int argc, char** argv) {
   ovxid::cli::turnSignalsIntoErrors();
   std::set_terminate(ovxid::cli::complainAndEnd);
   try {
-    return ovxid::cli::performOrComplain(argc, argv);
+    return ovxid::cli::perform(argc, argv);
   } catch (const std::bad_alloc&) {  // GCOVR_EXCL_BR_LINE: see below
     std::cerr << ovxid::cli::outOfMemory;
     return ownFailure.value;

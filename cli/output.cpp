@@ -15,6 +15,7 @@
 #include <utility>
 
 #include "diagnostics.h"
+#include "undisturbed.h"
 
 namespace ovxid::cli {
 
@@ -52,25 +53,6 @@ void requireThatMessagesWereWritten() {
     failToWrite("standard error", EIO);
   }
 }
-
-// While it lives, the signals by which a user ends a process wait.
-class Undisturbed {
- public:
-  Undisturbed() {
-    sigset_t signals;
-    sigemptyset(&signals);
-    for (const int signal : {SIGHUP, SIGINT, SIGQUIT, SIGTERM}) {
-      sigaddset(&signals, signal);
-    }
-    sigprocmask(SIG_BLOCK, &signals, &mBefore);
-  }
-  ~Undisturbed() { sigprocmask(SIG_SETMASK, &mBefore, nullptr); }
-  Undisturbed(const Undisturbed&) = delete;
-  Undisturbed& operator=(const Undisturbed&) = delete;
-
- private:
-  sigset_t mBefore{};
-};
 
 // The file itself, where the path is a link to it: the link is to stay.
 std::string fileBehind(const std::string& path) {
@@ -181,6 +163,19 @@ void print(const std::string& text) {
     failToWrite("standard output", reason);
   }
   requireThatMessagesWereWritten();
+}
+
+void createFile(const std::string& path, std::string_view content) {
+  const int descriptor = open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+  if (descriptor < 0) {
+    failToWrite(path, errno);
+  }
+  const bool written = writeAll(descriptor, content);
+  const int reason = errno;
+  close(descriptor);
+  if (!written) {
+    failToWrite(path, reason);
+  }
 }
 
 void replaceFile(const std::string& path, const std::string& text) {

@@ -2,6 +2,7 @@
 #define OVXID_CLI_OUTPUT_H
 
 #include <string>
+#include <string_view>
 
 namespace ovxid::cli {
 
@@ -24,6 +25,9 @@ class InheritedHandlers {
 // SIGPIPE, unless it was started with SIGPIPE ignored. Throws Failure for any other error, and when
 // messages on standard error were lost.
 void print(const std::string& text);
+
+// Makes a file of this content, which must not be there yet. Throws Failure.
+void createFile(const std::string& path, std::string_view content);
 
 // Gives the file this content, as a whole: a reader sees the old content or all of the new one.
 // When it fails, which throws Failure, the old file stays and nothing else is left behind.

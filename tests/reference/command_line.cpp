@@ -104,10 +104,11 @@ Words takeOptions(Request& request, Word word, Word end, const Known& known, boo
   return operands;
 }
 
-// To the shell belongs every word behind it, unless the first asks for help or ends the options.
-Words takeWordsOfShell(Words words) {
+// To some commands belongs every word behind them, unless the first asks for help or ends the
+// options.
+Words takeEveryWord(const std::string& command, Words words) {
   if (!words.empty() && words.front() == "--help") {
-    throw Complete{helpFor({"shell"})};
+    throw Complete{helpFor({command})};
   }
   if (!words.empty() && words.front() == "--") {
     words.erase(words.begin());
@@ -119,13 +120,14 @@ Request readWords(const Words& words) {
   const Known general{{"verbose", false}, {"help", false}};
   const Known version{{"verbose", false}, {"help", false}, {"version", false}};
   const Known checking{{"verbose", false}, {"help", false}, {"ignore", true}};
+  const Known recording{{"verbose", false}, {"help", false}, {"no-mac", false}};
   const Known listing{{"verbose", false}, {"help", false}, {"format", true}, {"output", true}};
   // How many operands each takes, at least and at most.
   const std::size_t any = words.size();
   const std::map<std::string, std::pair<std::size_t, std::size_t>> commands{
-      {"list", {0, 0}},    {"get", {1, 1}},       {"name", {0, 0}},  {"number", {0, 0}},
-      {"explain", {0, 0}}, {"check", {0, any}},   {"run", {1, any}}, {"shell", {0, any}},
-      {"help", {0, 1}},    {"complete", {1, any}}};
+      {"list", {0, 0}},    {"get", {1, 1}},        {"name", {0, 0}},   {"number", {0, 0}},
+      {"explain", {0, 0}}, {"check", {0, any}},    {"run", {1, any}},  {"shell", {0, any}},
+      {"help", {0, 1}},    {"complete", {1, any}}, {"record", {1, 1}}, {"replay", {0, any}}};
   Request request{false, "", false, {}, {}};
   const Words rest = takeOptions(request, words.begin(), words.end(), version, false);
   request.command = rest.empty() ? "list" : rest.front();
@@ -134,12 +136,14 @@ Request readWords(const Words& words) {
     throw UsageError();
   }
   const Words own(rest.empty() ? rest.end() : rest.begin() + 1, rest.end());
-  const Known& known = request.command == "list"    ? listing
-                       : request.command == "check" ? checking
-                                                    : general;
-  request.operands = request.command == "shell" ? takeWordsOfShell(own)
-                                                : takeOptions(request, own.begin(), own.end(),
-                                                              known, request.command != "run");
+  const Known& known = request.command == "list"     ? listing
+                       : request.command == "check"  ? checking
+                       : request.command == "record" ? recording
+                                                     : general;
+  const bool takesEveryWord = request.command == "shell" || request.command == "replay";
+  request.operands = takesEveryWord ? takeEveryWord(request.command, own)
+                                    : takeOptions(request, own.begin(), own.end(), known,
+                                                  request.command != "run");
   const auto [least, most] = command->second;
   if (request.operands.size() < least || request.operands.size() > most) {
     throw UsageError();

@@ -1,0 +1,59 @@
+#include <array>
+#include <optional>
+#include <string_view>
+
+#include "perform.h"
+#include "record/records.h"
+#include "record/serial_numbers.h"
+#include "recording/files.h"
+#include "recording/session.h"
+#include "text_file.h"
+
+namespace ovxid::cli {
+
+namespace {
+
+constexpr std::string_view wan = "OVX_WAN=";
+constexpr std::string_view wanMac = "OVX_WAN_ID=";
+
+int listVerbosely() {
+  std::array<char, 6> program = {"ovxid"};
+  std::array<char, 3> verbose = {"-v"};
+  std::array<char, 5> list = {"list"};
+  std::array<char*, 4> words = {program.data(), verbose.data(), list.data(), nullptr};
+  return perform(3, words.data());
+}
+
+// The address in the listing is that of its first WAN interface.
+std::string withWrittenMac(std::string listing, Macs& macs) {
+  const std::optional<Mac> mac = macOf(wanInterfaceIn(listing));
+  const auto line = listing.find(std::string(wanMac) + (mac ? listingText(*mac) : "") + "\n");
+  if (mac && line != std::string::npos) {
+    listing.replace(line + wanMac.size(), listingText(*mac).size(),
+                    listingText(macs.written(*mac)));
+  }
+  return listing;
+}
+
+}  // namespace
+
+std::string wanInterfaceIn(const std::string& listing) {
+  std::string_view rest = listing;
+  while (const std::optional<std::string_view> line = takeLine(rest)) {
+    if (line->substr(0, wan.size()) == wan) {
+      const std::string_view value = line->substr(wan.size());
+      return std::string(value.substr(0, value.find('\0')));
+    }
+  }
+  return "";
+}
+
+std::string recordWhatIsSaid(Macs& macs, const RecordingDirectory& directory) {
+  recording::Outcome outcome = recording::outcomeOf(listVerbosely);
+  outcome.out = withWrittenMac(outcome.out, macs);
+  outcome.err = withoutSerialNumbers(outcome.err);
+  directory.file(recording::file::said, recording::session("ovxid -v list", outcome));
+  return outcome.out;
+}
+
+}  // namespace ovxid::cli

@@ -1,0 +1,247 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <sys/mount.h>
+
+#include <filesystem>
+#include <fstream>
+#include <map>
+#include <regex>
+#include <sstream>
+
+#include "cli/front_end.h"
+
+namespace fs = std::filesystem;
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::Not;
+
+namespace {
+
+constexpr const char* recording = "/proc/recordings/board";
+
+// Each file below a directory, by its path, and its content.
+std::map<std::string, std::string> filesIn(const std::string& directory) {
+  std::map<std::string, std::string> files;
+  for (const auto& entry : fs::recursive_directory_iterator(directory)) {
+    if (entry.is_regular_file()) {
+      std::ostringstream content;
+      content << std::ifstream(entry.path(), std::ios::binary).rdbuf();
+      files[entry.path().lexically_relative(directory)] = content.str();
+    }
+  }
+  return files;
+}
+
+std::vector<std::string> linesOf(const std::string& text) {
+  std::vector<std::string> lines;
+  std::istringstream stream(text);
+  for (std::string line; std::getline(stream, line);) {
+    lines.push_back(line);
+  }
+  return lines;
+}
+
+class Record : public FrontEnd {
+ protected:
+  Record() {
+    kernelIs("6.1.55-kestrel2", "aarch64");
+    mBoard.directory("/proc/recordings");
+  }
+
+  // The files of the recording.
+  std::map<std::string, std::string> recorded() {
+    EXPECT_EQ(ovxid({"record", recording}), (Outcome{0, "", ""}));
+    return filesIn(recording);
+  }
+};
+
+TEST_F(Record, WritesDownWhatIsThere) {
+  mBoard.property("boardid", bytes("12\0"))
+      .property("flag", "")
+      .property("io@1/label", "front")
+      .cpuinfo("Hardware\t: Kestrel\n")
+      .catalogue("Kestrel:12\n");
+  std::map<std::string, std::string> files = recorded();
+  EXPECT_EQ(files["device-tree/boardid"], bytes("12\0"));
+  EXPECT_EQ(files.count("device-tree/flag"), 1);
+  EXPECT_EQ(files["device-tree/flag"], "");
+  EXPECT_EQ(files["device-tree/io@1/label"], "front");
+  EXPECT_EQ(files["cpuinfo"], "Hardware\t: Kestrel\n");
+  EXPECT_EQ(files["known_ovx_ids"], "Kestrel:12\n");
+  EXPECT_EQ(files["machine"], "release=6.1.55-kestrel2\nmachine=aarch64\n");
+  EXPECT_EQ(files["interfaces"], "");
+}
+
+TEST_F(Record, LeavesOutWhatIsNotThere) {
+  std::map<std::string, std::string> files = recorded();
+  files.erase("said");
+  EXPECT_THAT(files, ElementsAre(testing::Key("interfaces"), testing::Key("machine")));
+}
+
+TEST_F(Record, KeepsNodesWithoutProperties) {
+  mBoard.childNode("empty");
+  recorded();
+  EXPECT_TRUE(fs::is_directory(std::string(recording) + "/device-tree/empty"));
+}
+
+TEST_F(Record, KeepsTheOrderOfDirectories) {
+  for (const char* path : {"one", "two", "sub/three", "sub/four", "five"}) {
+    mBoard.property(path, path);
+  }
+  std::vector<std::string> order;
+  for (const auto& entry : fs::recursive_directory_iterator(nodePath)) {
+    order.push_back(entry.path().lexically_relative(nodePath));
+  }
+  ASSERT_EQ(order.size(), 6);
+  EXPECT_EQ(linesOf(recorded()["device-tree.order"]), order);
+}
+
+TEST_F(Record, EscapesNamesThatAreNoLine) {
+  mBoard.property("a\nb\\", "x");
+  std::map<std::string, std::string> files = recorded();
+  EXPECT_EQ(files["device-tree.order"], "a\\x0ab\\\\\n");
+  EXPECT_EQ(files["device-tree/a\nb\\"], "x");
+}
+
+TEST_F(Record, WritesDownWhatTheFrontEndSays) {
+  mBoard.property("boardid", bytes("12\0")).property("description", "K\xe4strel \n");
+  const std::string said = recorded()["said"];
+  EXPECT_THAT(said, testing::StartsWith("$ ovxid -v list\n"
+                                        "out| OVX_ID=12\n"
+                                        "out| OVX_DESC=K\\xe4strel\\x20\n"));
+  EXPECT_THAT(said, HasSubstr("\nout| OVX_BOARDID=12\\x00\n"));
+  EXPECT_THAT(said, HasSubstr("\nerr| debug: Creating OvxIdentifier...\n"));
+  EXPECT_THAT(said, testing::EndsWith("\nexit 0\n"));
+}
+
+TEST_F(Record, WritesDownThatTheProcessAborted) {
+  mBoard.property("wan", "interface-16byte");
+  EXPECT_THAT(recorded()["said"],
+              testing::EndsWith("\nerr| ovxid: OVX_WAN: the name of the interface has more than 15 "
+                                "bytes\nexit 134\n"));
+}
+
+TEST_F(Record, NotesWhatMayNotBeRead) {
+  mBoard.property("secret", "x").property("open", "y").cpuinfo("Hardware: K\n");
+  mBoard.permissions("/proc/cpuinfo", 0).permissions(std::string(nodePath) + "/secret", 0);
+  obeysModes();
+  std::map<std::string, std::string> files = recorded();
+  EXPECT_THAT(files["machine"], testing::EndsWith("\nunreadable=device-tree/secret\n"
+                                                  "unreadable=cpuinfo\n"));
+  EXPECT_EQ(files.count("device-tree/secret") + files.count("cpuinfo"), 0);
+  EXPECT_EQ(files["device-tree/open"], "y");
+}
+
+TEST_F(Record, NotesThatTheKernelDidNotTell) {
+  kernelIs("", "");
+  EXPECT_EQ(recorded()["machine"], "unreadable=uname\n");
+}
+
+TEST_F(Record, ListsTheAddressesInTheOrderOfTheKernel) {
+  mBoard.interface("wan0", "02:42:ac:11:00:0f").interface("eth0", "02:42:ac:11:00:ff");
+  mBoard.address("eth0", "10.0.0.1/8").labelledAddress("eth0:b", "10.0.0.2/8");
+  mBoard.address("wan0", "192.168.7.1/24");
+  EXPECT_EQ(recorded()["interfaces"],
+            "wan0 192.168.7.1 02:42:ac:11:00:0f\n"
+            "eth0 10.0.0.1 02:42:ac:11:00:ff\n"
+            "eth0:b 10.0.0.2 02:42:ac:11:00:ff\n");
+}
+
+TEST_F(Record, ListsTheWanInterfaceThatHasNoAddress) {
+  mBoard.interface("eth0", "02:42:ac:11:00:0f").interface("eth1", "02:42:ac:11:00:10");
+  mBoard.property("wan", bytes("eth0\0"));
+  EXPECT_EQ(recorded()["interfaces"], "eth0 - 02:42:ac:11:00:0f\n");
+}
+
+TEST_F(Record, LeavesOutTheSerialNumberOfTheMachine) {
+  mBoard.cpuinfo(
+      "Hardware\t: Kestrel\nRevision\t: 00a1\nSerial\t\t: 00000000fa12cd07\nModel: 12ab\n");
+  EXPECT_EQ(recorded()["cpuinfo"],
+            "Hardware\t: Kestrel\nRevision\t: 00a1\nSerial\t\t: 0000000000000000\nModel: 12ab\n");
+}
+
+TEST_F(Record, LeavesOutTheSerialNumberInMessages) {
+  mBoard.cpuinfo(
+      "Serial\t\t: 00000000fa12cd07\nprocessor 0: identification = 0133E8,  machine = 2964\n");
+  std::map<std::string, std::string> files = recorded();
+  EXPECT_EQ(
+      files["cpuinfo"],
+      "Serial\t\t: 0000000000000000\nprocessor 0: identification = 000000,  machine = 2964\n");
+  EXPECT_THAT(files["said"], HasSubstr("Serial\\t\\t: 0000000000000000\n"));
+  EXPECT_THAT(files["said"], Not(HasSubstr("fa12cd07")));
+  EXPECT_THAT(files["said"], Not(HasSubstr("0133E8")));
+}
+
+TEST_F(Record, SaysTheSameWithClosedStreams) {
+  mBoard.property("flag", "");
+  const std::string said = recorded()["said"];
+  fs::remove_all(recording);
+  outputClosed();
+  EXPECT_EQ(recorded()["said"], said);
+}
+
+class RecordNoMac : public Record {
+ protected:
+  std::map<std::string, std::string> recorded() {
+    EXPECT_EQ(ovxid({"record", "--no-mac", recording}), (Outcome{0, "", ""}));
+    return filesIn(recording);
+  }
+};
+
+TEST_F(RecordNoMac, MakesUpAddressesOfTheSamePattern) {
+  mBoard.interface("eth0", "02:42:ac:11:0f:7f").address("eth0", "10.0.0.1/8");
+  mBoard.labelledAddress("eth0:b", "10.0.0.2/8");
+  const std::vector<std::string> lines = linesOf(recorded()["interfaces"]);
+  ASSERT_EQ(lines.size(), 2);
+  const std::string mac = lines[0].substr(lines[0].rfind(' ') + 1);
+  EXPECT_TRUE(std::regex_match(mac, std::regex("0[02468ace]:[1-7].:[89a-f].:[1-7].:0.:[1-7].")))
+      << mac;
+  EXPECT_NE(mac, "02:42:ac:11:0f:7f");
+  EXPECT_EQ(lines[1], "eth0:b 10.0.0.2 " + mac);
+}
+
+TEST_F(RecordNoMac, HasTheMadeUpAddressInTheListing) {
+  mBoard.interface("eth0", "02:42:ac:11:0f:7f").property("wan", bytes("eth0\0"));
+  std::map<std::string, std::string> files = recorded();
+  EXPECT_THAT(files["said"], Not(HasSubstr("242ffac11f7f")));
+  EXPECT_TRUE(std::regex_search(
+      files["said"], std::regex("\nout\\| OVX_WAN_ID=[02468ace][1-7].ff[89a-f].[1-7]..[1-7].\n")))
+      << files["said"];
+  EXPECT_THAT(files["interfaces"], Not(HasSubstr("02:42:ac")));
+}
+
+TEST_F(RecordNoMac, KeepsTheAddressOfTheLoopback) {
+  mBoard.address("lo", "127.0.0.1/8");
+  EXPECT_EQ(recorded()["interfaces"], "lo 127.0.0.1 00:00:00:00:00:00\n");
+}
+
+TEST_F(Record, RefusesADirectoryThatIsThere) {
+  mBoard.file(std::string(recording) + "/note", "kept");
+  EXPECT_EQ(ovxid({"record", recording}),
+            (Outcome{3, "", "ovxid: /proc/recordings/board: File exists\n"}));
+  EXPECT_EQ(filesIn(recording), (std::map<std::string, std::string>{{"note", "kept"}}));
+}
+
+TEST_F(Record, LeavesNothingBehindWhenTheDiskIsFull) {
+  mBoard.cpuinfo(std::string(100000, 'c'));
+  ASSERT_EQ(mount("tests", "/proc/recordings", "tmpfs", 0, "size=65536"), 0);
+  EXPECT_EQ(ovxid({"record", recording}),
+            (Outcome{3, "", "ovxid: /proc/recordings/board/said: No space left on device\n"}));
+  EXPECT_THAT(filesIn("/proc/recordings"), IsEmpty());
+  EXPECT_FALSE(fs::exists(recording));
+}
+
+TEST_F(Record, NeedsADirectory) {
+  EXPECT_EQ(ovxid({"record"}),
+            (Outcome{2, "", "ovxid: record: DIRECTORY is missing (see 'ovxid help record')\n"}));
+}
+
+TEST_F(FrontEnd, TellsThatReplayIsNotInstalled) {
+  EXPECT_EQ(
+      ovxid({"replay", "/proc"}),
+      (Outcome{127, "", "ovxid: ovxid-replay: not installed (it has a package of its own)\n"}));
+}
+
+}  // namespace
