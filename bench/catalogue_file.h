@@ -4,7 +4,7 @@
 #include <fstream>
 #include <string>
 
-#include "simulation/world.h"
+#include "replay/world.h"
 
 // The /etc of this process, which holds a catalogue at this path and nothing else.
 class CatalogueFile {

@@ -4,7 +4,7 @@
 #include <fcntl.h>
 #include <sys/utsname.h>
 
-#include "simulation/world.h"
+#include "replay/world.h"
 
 namespace {
 

@@ -6,7 +6,7 @@
 
 #include <fstream>
 
-#include "simulation/world.h"
+#include "replay/world.h"
 
 namespace {
 

@@ -10,7 +10,7 @@
 #include <filesystem>
 #include <fstream>
 
-#include "simulation/world.h"
+#include "replay/world.h"
 
 namespace {
 

@@ -1,4 +1,5 @@
-# The component `runtime` has what boards need, `development` what compiling programs needs as well.
+# The component `runtime` has what boards need, `development` what compiling programs needs as well, and
+# `replay` what is for other machines.
 include(CMakePackageConfigHelpers)
 
 set(ovxid_cmake_dir "${CMAKE_INSTALL_LIBDIR}/cmake/ovxid")
@@ -26,6 +27,10 @@ if(OVXID_BUILD_CLI)
     DESTINATION "${CMAKE_INSTALL_DATADIR}/zsh/vendor-completions" COMPONENT runtime)
   install(FILES cli/completions/ovxid.fish
     DESTINATION "${CMAKE_INSTALL_DATADIR}/fish/vendor_completions.d" COMPONENT runtime)
+endif()
+if(OVXID_BUILD_REPLAY)
+  install(TARGETS ovxid_replay RUNTIME COMPONENT replay)
+  install(FILES man/ovxid-replay.1 DESTINATION "${CMAKE_INSTALL_MANDIR}/man1" COMPONENT replay)
 endif()
 install(FILES man/known_ovx_ids.5 DESTINATION "${CMAKE_INSTALL_MANDIR}/man5" COMPONENT runtime)
 install(FILES man/libovxid.3 DESTINATION "${CMAKE_INSTALL_MANDIR}/man3" COMPONENT development)

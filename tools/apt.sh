@@ -3,7 +3,7 @@
 
 # shellcheck disable=SC2034  # Read by name, in install_packages.
 {
-  packages_build=(g++ cmake ninja-build liblog4cpp5-dev nlohmann-json3-dev)
+  packages_build=(g++ cmake ninja-build liblog4cpp5-dev nlohmann-json3-dev libseccomp-dev)
   packages_test=(libgtest-dev libgmock-dev iproute2 pkgconf pahole binutils jq busybox bash-completion
     fish zsh python3-jsonschema man-db groff-base mandoc systemd ansible-core curl prometheus prometheus-node-exporter)
   packages_check=(clang libclang-rt-dev clang-format clang-tidy cppcheck jq shellcheck)
@@ -11,11 +11,11 @@
   packages_coverage=(gcovr)
   packages_bench=(libbenchmark-dev valgrind)
   packages_package=(build-essential debhelper dpkg-dev git lintian)
-  packages_cross_amd64=(crossbuild-essential-amd64 liblog4cpp5v5:amd64)
-  packages_cross_arm64=(crossbuild-essential-arm64 liblog4cpp5v5:arm64)
-  packages_cross_armhf=(crossbuild-essential-armhf liblog4cpp5v5:armhf)
+  packages_cross_amd64=(crossbuild-essential-amd64 liblog4cpp5v5:amd64 libseccomp-dev:amd64)
+  packages_cross_arm64=(crossbuild-essential-arm64 liblog4cpp5v5:arm64 libseccomp-dev:arm64)
+  packages_cross_armhf=(crossbuild-essential-armhf liblog4cpp5v5:armhf libseccomp-dev:armhf)
   packages_abi=(binutils pahole)
-  packages_board=(qemu-system-arm qemu-system-x86 device-tree-compiler cpio kmod pkgconf)
+  packages_board=(iproute2 qemu-system-arm qemu-system-x86 device-tree-compiler cpio kmod pkgconf)
   packages_install_test=(autopkgtest debootstrap debian-archive-keyring zstd)
   # In the clean root of tests/packages: what the tests in debian/tests need, and what our packages need.
   packages_consumer=(g++ make cmake pkgconf)

@@ -44,3 +44,8 @@ a_catalogue_with_near_misses() {
   printf 'Kestrel Rev B:12:Kestrel2\n' >/etc/known_ovx_ids
   printf 'Hardware\t: Kestrel Rev  B\n' >/proc/cpuinfo
 }
+
+the_pc() {
+  umount --lazy /proc /etc
+  unset LD_PRELOAD
+}

@@ -17,11 +17,13 @@ TEST_P(ManualPage, IsOfThisVersion) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Page, ManualPage,
-                         testing::Values("ovxid.1", "libovxid.3", "known_ovx_ids.5",
-                                         "ovxid.service.8"),
+                         testing::Values("ovxid.1", "ovxid-replay.1", "libovxid.3",
+                                         "known_ovx_ids.5", "ovxid.service.8"),
                          [](const auto& test) {
                            std::string page = test.param;
-                           std::replace(page.begin(), page.end(), '.', '_');
+                           std::replace_if(
+                               page.begin(), page.end(),
+                               [](char byte) { return byte == '.' || byte == '-'; }, '_');
                            return page;
                          });
 

@@ -35,7 +35,7 @@ Board::Board() : mProc("/proc"), mEtc("/etc") {
     mProc.keep(entry);
   }
   mProc.keep(std::to_string(getpid()));
-  mEtc.keepAllBut("known_ovx_ids");
+  mEtc.keepAllBut({"known_ovx_ids"});
   enterEmptyNetwork();
   kernel = {};
   kernel.release = "5.10.0";

@@ -1,17 +1,23 @@
-#ifndef OVXID_TESTS_SIMULATION_WORLD_H
-#define OVXID_TESTS_SIMULATION_WORLD_H
+#ifndef OVXID_REPLAY_WORLD_H
+#define OVXID_REPLAY_WORLD_H
 
+#include <set>
 #include <string>
 
-// Changes to the system that only the test sees. When the machine does not allow one, it throws a
-// std::system_error that says what is missing.
+// Changes to the system that only this process and its children see. When the machine does not
+// allow one, it throws a std::system_error that says what is missing.
+
+// Whom a user other than root is in the namespace of users that is needed for it.
+enum class InNamespace { asRoot, asOneself };
+
+// Gives the process its own mounts, unless it has them already.
+void takeOwnMounts(InNamespace user = InNamespace::asRoot);
 
 // From now on the only network interface is a loopback without an address.
 void enterEmptyNetwork();
 
 // While this object lives, a directory of the system holds nothing but `.kept`, and that holds what
-// was in the directory before. The first object of a process gives the process its own mounts,
-// which needs root. Another user becomes root of a user namespace for it.
+// was in the directory before. The first object of a process gives the process its own mounts.
 class ReplacedDirectory {
  public:
   explicit ReplacedDirectory(std::string path);
@@ -22,7 +28,7 @@ class ReplacedDirectory {
 
   // Bring entries of the directory back into it.
   void keep(const std::string& entry);
-  void keepAllBut(const std::string& entry);
+  void keepAllBut(const std::set<std::string>& entries);
 
  private:
   std::string mPath;

@@ -1,4 +1,4 @@
-#include "simulation/world.h"
+#include "replay/world.h"
 
 #include <fcntl.h>
 #include <linux/capability.h>
@@ -30,13 +30,16 @@ void write(const std::string& path, const std::string& text) {
   require(file.good(), "write " + path);
 }
 
-void becomeRootOfUserNamespace() {
+void enterUserNamespace(InNamespace as) {
   const auto user = std::to_string(geteuid());
   const auto group = std::to_string(getegid());
-  require(unshare(CLONE_NEWUSER) == 0, "make a user namespace (or run the tests as root)");
+  const bool asRoot = as == InNamespace::asRoot;
+  require(unshare(CLONE_NEWUSER) == 0,
+          "make a user namespace (root needs none; the settings user.max_user_namespaces and "
+          "kernel.unprivileged_userns_clone of sysctl allow it)");
   write("/proc/self/setgroups", "deny");
-  write("/proc/self/uid_map", "0 " + user + " 1");
-  write("/proc/self/gid_map", "0 " + group + " 1");
+  write("/proc/self/uid_map", (asRoot ? "0" : user) + " " + user + " 1");
+  write("/proc/self/gid_map", (asRoot ? "0" : group) + " " + group + " 1");
 }
 
 int openDirectory(const char* path) {
@@ -45,8 +48,8 @@ int openDirectory(const char* path) {
   return descriptor;
 }
 
-// Keeps the mounts of a test from appearing in the rest of the system. Only a mount point can be
-// made private, and in a chroot `/` is not one. So this leaves the chroot for a moment: setns(2)
+// Keeps the mounts of this process from appearing in the rest of the system. Only a mount point can
+// be made private, and in a chroot `/` is not one. So this leaves the chroot for a moment: setns(2)
 // moves the process to the top of a mount namespace, even of the one in which the process is
 // already.
 void makeMountsPrivate() {
@@ -61,19 +64,6 @@ void makeMountsPrivate() {
   close(mounts);
   close(workingDirectory);
   close(root);
-}
-
-void takeOwnMounts() {
-  static bool left = false;
-  if (left) {
-    return;
-  }
-  if (geteuid() != 0) {
-    becomeRootOfUserNamespace();
-  }
-  require(unshare(CLONE_NEWNS) == 0, "make a mount namespace");
-  makeMountsPrivate();
-  left = true;
 }
 
 using Capabilities = std::array<__user_cap_data_struct, 2>;
@@ -94,13 +84,27 @@ constexpr std::uint32_t passPermissions = 1U << CAP_DAC_OVERRIDE | 1U << CAP_DAC
 
 }  // namespace
 
+void takeOwnMounts(InNamespace user) {
+  static bool left = false;
+  if (left) {
+    return;
+  }
+  if (unshare(CLONE_NEWNS) != 0) {
+    enterUserNamespace(user);
+    require(unshare(CLONE_NEWNS) == 0, "make a mount namespace");
+  }
+  makeMountsPrivate();
+  left = true;
+}
+
 void enterEmptyNetwork() { require(unshare(CLONE_NEWNET) == 0, "make a network namespace"); }
 
 ReplacedDirectory::ReplacedDirectory(std::string path) : mPath(std::move(path)) {
   takeOwnMounts();
   const int kept = open_tree(AT_FDCWD, mPath.c_str(), OPEN_TREE_CLONE | AT_RECURSIVE);
   require(kept >= 0, "keep " + mPath);
-  require(mount("tests", mPath.c_str(), "tmpfs", 0, nullptr) == 0, "mount a tmpfs over " + mPath);
+  require(mount("board", mPath.c_str(), "tmpfs", 0, "mode=755") == 0,
+          "mount a tmpfs over " + mPath);
   fs::create_directory(mPath + "/.kept");
   require(move_mount(kept, "", AT_FDCWD, (mPath + "/.kept").c_str(), MOVE_MOUNT_F_EMPTY_PATH) == 0,
           "keep " + mPath);
@@ -116,10 +120,16 @@ void ReplacedDirectory::keep(const std::string& entry) {
   fs::create_symlink(".kept/" + entry, mPath + "/" + entry);
 }
 
-void ReplacedDirectory::keepAllBut(const std::string& entry) {
+void ReplacedDirectory::keepAllBut(const std::set<std::string>& entries) {
   for (const auto& kept : fs::directory_iterator(mPath + "/.kept")) {
     const std::string name = kept.path().filename();
-    if (name != entry && name != ".kept") {
+    if (entries.count(name) != 0 || name == ".kept") {
+      continue;
+    }
+    if (kept.is_symlink()) {
+      // It may lead to what stands beside it.
+      fs::copy_symlink(kept.path(), mPath + "/" + name);
+    } else {
       keep(name);
     }
   }

@@ -1,0 +1,33 @@
+#ifndef OVXID_REPLAY_FAILURE_H
+#define OVXID_REPLAY_FAILURE_H
+
+#include <cerrno>
+#include <cstring>
+#include <stdexcept>
+#include <string>
+#include <utility>
+
+namespace ovxid::replay {
+
+// What keeps a board from being replayed: what failed, and why.
+class Failure : public std::runtime_error {
+ public:
+  Failure(std::string what, const std::string& why)
+      : std::runtime_error(why), mSubject(std::move(what)) {}
+
+  const std::string& subject() const { return mSubject; }
+
+ private:
+  std::string mSubject;
+};
+
+// Throws with the reason that errno tells, and with what allows it, unless it succeeded.
+inline void require(bool success, const std::string& what, const std::string& hint = "") {
+  if (!success) {
+    throw Failure(what, std::strerror(errno) + (hint.empty() ? "" : " (" + hint + ")"));
+  }
+}
+
+}  // namespace ovxid::replay
+
+#endif

@@ -1,0 +1,118 @@
+#include <fcntl.h>
+#include <getopt.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstring>
+#include <iostream>
+#include <system_error>
+
+#include "recording/session.h"
+#include "replay/comparison.h"
+#include "replay/failure.h"
+#include "replay/interfaces.h"
+#include "replay/kernel.h"
+#include "replay/recording.h"
+#include "replay/surroundings.h"
+
+namespace ovxid::replay {
+
+namespace {
+
+constexpr int usageError = 2;
+// As those of env(1).
+constexpr int ownFailure = 125;
+constexpr int cannotRun = 126;
+constexpr int notFound = 127;
+
+constexpr const char* usage =
+    "Usage: ovxid-replay DIRECTORY [--] [PROGRAM [ARG...]]\n"
+    "\n"
+    "Runs a program as if it ran on the board that 'ovxid record' has written down.\n"
+    "Without a program, compares what ovxid says there with what it said on the board.\n"
+    "\n"
+    "Options:\n"
+    "  -h, --help            Print a help text and exit\n"
+    "  -V, --version         Print the version and exit\n"
+    "\n"
+    "Exit status:\n"
+    "  that of the program, or\n"
+    "  0                     ovxid says the same\n"
+    "  1                     ovxid says something else\n"
+    "  2                     the command line is wrong\n"
+    "  125                   the board cannot be replayed\n"
+    "  126                   the program cannot be run\n"
+    "  127                   the program was not found\n";
+
+void complain(const std::string& what, const std::string& why) {
+  std::cerr << "ovxid-replay: " + recording::escaped(what) + ": " + why + "\n";
+}
+
+// So that nothing that is opened takes the place of a stream which is closed. It is closed again
+// when the program is run.
+void holdClosedStreams() {
+  for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
+    if (fcntl(stream, F_GETFD) < 0) {
+      open("/dev/null", O_RDWR | O_CLOEXEC);
+    }
+  }
+}
+
+int run(char** words) {
+  execvp(words[0], words);
+  const int reason = errno;
+  complain(*words[0] == '\0' ? "''" : words[0], std::strerror(reason));
+  return reason == ENOENT ? notFound : cannotRun;
+}
+
+int replay(const char* directory, char** words) {
+  const Recording recording = readRecording(directory);
+  takeOwnMounts(InNamespace::asOneself);
+  // In place for as long as the program runs.
+  [[maybe_unused]] const Surroundings surroundings(recording);
+  makeInterfaces(recording);
+  answerForKernel(recording);
+  return *words == nullptr ? compareWithRecording(recording) : run(words);
+}
+
+int readWords(int argc, char** argv) {
+  constexpr option options[] = {
+      {"help", no_argument, nullptr, 'h'}, {"version", no_argument, nullptr, 'V'}, {}};
+  switch (getopt_long(argc, argv, "+hV", options, nullptr)) {
+    case 'h':
+      std::cout << usage;
+      return 0;
+    case 'V':
+      std::cout << "ovxid-replay " OVXID_VERSION "\n";
+      return 0;
+    case -1:
+      break;
+    default:
+      return usageError;
+  }
+  if (optind == argc) {
+    complain("DIRECTORY", "is missing (see 'ovxid-replay --help')");
+    return usageError;
+  }
+  char** words = argv + optind + 1;
+  if (*words != nullptr && std::strcmp(*words, "--") == 0) {
+    ++words;
+  }
+  return replay(argv[optind], words);
+}
+
+}  // namespace
+
+}  // namespace ovxid::replay
+
+int main(int argc, char** argv) {
+  ovxid::replay::holdClosedStreams();
+  try {
+    return ovxid::replay::readWords(argc, argv);
+  } catch (const ovxid::replay::Failure& failure) {
+    ovxid::replay::complain(failure.subject(), failure.what());
+  } catch (const std::exception& error) {
+    ovxid::replay::complain("the board", error.what());
+  }
+  return ovxid::replay::ownFailure;
+}

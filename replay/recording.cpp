@@ -1,0 +1,161 @@
+#include "replay/recording.h"
+
+#include <arpa/inet.h>
+#include <net/if.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <regex>
+#include <sstream>
+#include <system_error>
+
+#include "recording/files.h"
+#include "recording/session.h"
+#include "replay/failure.h"
+
+namespace ovxid::replay {
+
+namespace {
+
+namespace file = recording::file;
+namespace fs = std::filesystem;
+
+std::vector<std::string> linesOf(const Recording& recording, const char* name) {
+  std::vector<std::string> lines;
+  if (!recording.has(name)) {
+    return lines;
+  }
+  std::ifstream stream(recording.file(name));
+  for (std::string line; std::getline(stream, line);) {
+    lines.push_back(line);
+  }
+  if (stream.bad() || !stream.eof()) {
+    throw Failure(recording.file(name), "cannot be read");
+  }
+  return lines;
+}
+
+[[noreturn]] void refuse(const Recording& recording, const char* name, std::size_t line,
+                         const std::string& why) {
+  throw Failure(recording.file(name) + ":" + std::to_string(line), why);
+}
+
+// Of a recording from somebody else, no path may lead out of its directory or out of the node.
+bool staysInside(const std::string& path) {
+  const fs::path parts(path);
+  return !path.empty() && parts.is_relative() && path.find('\0') == std::string::npos &&
+         std::none_of(parts.begin(), parts.end(), [](const fs::path& part) {
+           return part.empty() || part == ".." || part == ".";
+         });
+}
+
+std::string pathIn(const Recording& recording, const char* name, const std::string& line,
+                   std::size_t number) {
+  std::string path = recording::unescaped(line);
+  if (!staysInside(path)) {
+    refuse(recording, name, number, "not a path below the directory: '" + line + "'");
+  }
+  return path;
+}
+
+void takeFact(Recording& recording, const std::string& key, const std::string& value,
+              std::size_t number) {
+  if (key == "release") {
+    recording.release = recording::unescaped(value);
+  } else if (key == "machine") {
+    recording.machine = recording::unescaped(value);
+  } else if (key == "unreadable" && value == "uname") {
+    recording.hasUname = false;
+  } else if (key == "unreadable") {
+    recording.unreadable.push_back(pathIn(recording, file::machine, value, number));
+  } else {
+    refuse(recording, file::machine, number, "no such key: '" + recording::escaped(key) + "'");
+  }
+}
+
+void readMachine(Recording& recording) {
+  std::size_t number = 0;
+  for (const std::string& line : linesOf(recording, file::machine)) {
+    ++number;
+    if (const auto equals = line.find('='); !line.empty()) {
+      takeFact(recording, line.substr(0, equals),
+               equals == std::string::npos ? "" : line.substr(equals + 1), number);
+    }
+  }
+  if (recording.hasUname && (!recording.release || !recording.machine)) {
+    throw Failure(recording.file(file::machine), "no release, or no machine");
+  }
+}
+
+// What the kernel allows and ip(8) takes. A label goes on behind a colon.
+bool isName(const std::string& name) {
+  return std::regex_match(name, std::regex("[A-Za-z0-9_.@+-]{1,15}(:[A-Za-z0-9_.@+-]+)?")) &&
+         name.size() < IFNAMSIZ && name.front() != '.' && name.front() != '-';
+}
+
+bool isAddress(const std::string& text) {
+  in_addr address{};
+  return inet_pton(AF_INET, text.c_str(), &address) == 1;
+}
+
+bool isMac(const std::string& text) {
+  return std::regex_match(text, std::regex("[0-9a-f]{2}(:[0-9a-f]{2}){5}"));
+}
+
+Address addressOf(const Recording& recording, const std::string& line, std::size_t number) {
+  std::istringstream words(line);
+  Address entry;
+  std::string more;
+  words >> entry.name >> entry.address >> entry.mac;
+  if (!words || words >> more || !isName(entry.name) ||
+      (entry.address != none && !isAddress(entry.address)) ||
+      (entry.mac != none && !isMac(entry.mac))) {
+    refuse(recording, file::interfaces, number,
+           "not a name or label, an address and a MAC address that can be replayed");
+  }
+  return entry;
+}
+
+// Links would let the files of this machine pass for those of the board, and pipes never end.
+void requirePlainFiles(const Recording& recording) {
+  for (const auto& entry : fs::recursive_directory_iterator(recording.path)) {
+    const fs::file_type type = entry.symlink_status().type();
+    if (type != fs::file_type::regular && type != fs::file_type::directory) {
+      throw Failure(entry.path(), "neither a file nor a directory");
+    }
+  }
+}
+
+}  // namespace
+
+bool Recording::has(const char* name) const { return fs::exists(file(name)); }
+
+bool Recording::isUnreadable(const std::string& name) const {
+  return std::find(unreadable.begin(), unreadable.end(), name) != unreadable.end();
+}
+
+Recording readRecording(const std::string& directory) {
+  Recording recording;
+  std::error_code error;
+  recording.path = fs::canonical(directory, error);
+  if (error) {
+    throw Failure(directory.empty() ? "''" : directory, error.message());
+  }
+  if (!recording.has(file::machine)) {
+    throw Failure(directory, "not a recorded board: it has no file 'machine'");
+  }
+  requirePlainFiles(recording);
+  readMachine(recording);
+  std::size_t number = 0;
+  for (const std::string& line : linesOf(recording, file::order)) {
+    recording.order.push_back(pathIn(recording, file::order, line, ++number));
+  }
+  number = 0;
+  for (const std::string& line : linesOf(recording, file::interfaces)) {
+    recording.addresses.push_back(addressOf(recording, line, ++number));
+  }
+  return recording;
+}
+
+}  // namespace ovxid::replay
