@@ -8,7 +8,7 @@
 
 readonly parts=$PWD/build/board_parts
 readonly userland=(bash busybox)
-readonly simulation=(tests/simulation/{board,child,kernel,logger,world}.cpp)
+readonly simulation=(tests/simulation/{board,child,kernel,logger}.cpp replay/world.cpp)
 # The drivers of the network card and the disk, and of the buses that machines have.
 readonly modules=(virtio_pci virtio_mmio virtio_net virtio_blk)
 
@@ -180,11 +180,23 @@ compile() {
 # types as the library that calls them.
 make_exhaustion() {
   local program=$parts/exhaustion/$1
-  ! is_current "$program" "$parts/systems/$1.cpio" tests/exhaustion/* tests/simulation/* || return 0
+  ! is_current "$program" "$parts/systems/$1.cpio" tests/exhaustion/* tests/simulation/* replay/world.* || return 0
   echo "program $1"
   mkdir -p "$parts/exhaustion"
-  compile "$1" "$program" -D_FILE_OFFSET_BITS=64 -D_TIME_BITS=64 -I tests \
+  compile "$1" "$program" -D_FILE_OFFSET_BITS=64 -D_TIME_BITS=64 -I tests -I . \
     tests/exhaustion/*.cpp "${simulation[@]}"
+}
+
+# make_replayer: makes replayer, which has the programs of our packages that run on this machine.
+make_replayer() {
+  local machine package
+  machine=$(dpkg --print-architecture)
+  tools/package "$machine"
+  rm -rf "$parts/replayer"
+  mkdir -p "$parts/replayer"
+  for package in libovxid1 ovxid ovxid-replay; do
+    dpkg-deb --extract "$(built_package "$package" "$machine")" "$parts/replayer"
+  done
 }
 
 # compose_tree NODE BASE TREE: makes TREE, which is the device tree BASE with the board's node added.
