@@ -1,0 +1,70 @@
+#include "recording/session.h"
+
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <csignal>
+#include <iostream>
+
+namespace {
+
+using ovxid::recording::escaped;
+using ovxid::recording::Outcome;
+using ovxid::recording::outcomeOf;
+using ovxid::recording::session;
+using ovxid::recording::unescaped;
+
+std::string allBytes() {
+  std::string bytes;
+  for (int byte = 0; byte < 256; ++byte) {
+    bytes += static_cast<char>(byte);
+  }
+  return bytes;
+}
+
+TEST(Escapes, LeaveWhatShows) { EXPECT_EQ(escaped("Kestrel #1 (Rev B)"), "Kestrel #1 (Rev B)"); }
+
+TEST(Escapes, StandForWhatDoesNotShow) {
+  EXPECT_EQ(escaped(std::string("\0\t\n\\\xe4\x7f", 6)), "\\x00\\t\\x0a\\\\\\xe4\\x7f");
+}
+
+TEST(Escapes, GiveEveryByteBack) { EXPECT_EQ(unescaped(escaped(allBytes())), allBytes()); }
+
+TEST(Escapes, ThatAreNotCompleteStandForThemselves) {
+  EXPECT_EQ(unescaped("a\\"), "a\\");
+  EXPECT_EQ(unescaped("\\x4"), "x4");
+}
+
+TEST(Session, HasEachLineBehindItsMark) {
+  EXPECT_EQ(session("ovxid list", {3, "a\n\nb \n", "c\n"}),
+            "$ ovxid list\nout| a\nout|\nout| b\\x20\nerr| c\nexit 3\n");
+}
+
+TEST(Session, MarksAMissingNewline) {
+  EXPECT_EQ(session("x", {0, "a", ""}), "$ x\nout| a\\\nexit 0\n");
+}
+
+TEST(OutcomeOf, AProcessHasWhatItWroteAndItsStatus) {
+  const Outcome outcome = outcomeOf([] {
+    std::cerr << "err";
+    return write(STDOUT_FILENO, "out", 3) == 3 ? 42 : 1;
+  });
+  EXPECT_EQ(outcome.status, 42);
+  EXPECT_EQ(outcome.out, "out");
+  EXPECT_EQ(outcome.err, "err");
+}
+
+TEST(OutcomeOf, AKilledProcessHasTheNumberOfTheSignal) {
+  EXPECT_EQ(outcomeOf([] { return std::raise(SIGKILL); }).status, 128 + SIGKILL);
+}
+
+TEST(OutcomeOf, ALargeOutputIsComplete) {
+  const std::string text(1000000, 'a');
+  const Outcome outcome = outcomeOf([&] {
+    return write(STDOUT_FILENO, text.data(), text.size()) == static_cast<ssize_t>(text.size()) ? 0
+                                                                                               : 1;
+  });
+  EXPECT_EQ(outcome.out, text);
+}
+
+}  // namespace
