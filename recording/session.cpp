@@ -91,8 +91,6 @@ void appendLines(std::string& text, const char* mark, std::string_view lines) {
   }
 }
 
-int valueOf(char digit) { return digit <= '9' ? digit - '0' : digit - 'a' + 10; }
-
 }  // namespace
 
 Outcome outcomeOf(const std::function<int()>& call) {
@@ -122,22 +120,6 @@ std::string escaped(std::string_view text) {
   std::string result;
   for (const char byte : text) {
     result += escapedByte(byte);
-  }
-  return result;
-}
-
-std::string unescaped(std::string_view text) {
-  std::string result;
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    if (text[i] != '\\' || i + 1 == text.size()) {
-      result += text[i];
-    } else if (text[i + 1] == 'x' && i + 3 < text.size()) {
-      result += static_cast<char>(valueOf(text[i + 2]) * 16 + valueOf(text[i + 3]));
-      i += 3;
-    } else {
-      ++i;
-      result += text[i] == 't' ? '\t' : text[i];
-    }
   }
   return result;
 }

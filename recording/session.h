@@ -24,8 +24,6 @@ std::string session(const std::string& command, const Outcome& outcome);
 
 // The text with the escapes of a session.
 std::string escaped(std::string_view text);
-// The text that such an escaped one stands for.
-std::string unescaped(std::string_view text);
 
 }  // namespace ovxid::recording
 

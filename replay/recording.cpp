@@ -12,6 +12,7 @@
 
 #include "recording/files.h"
 #include "recording/session.h"
+#include "replay/escapes.h"
 #include "replay/failure.h"
 
 namespace ovxid::replay {
@@ -41,6 +42,16 @@ std::vector<std::string> linesOf(const Recording& recording, const char* name) {
   throw Failure(recording.file(name) + ":" + std::to_string(line), why);
 }
 
+std::string valueIn(const Recording& recording, const char* name, const std::string& text,
+                    std::size_t line) {
+  std::optional<std::string> value = unescaped(text);
+  if (!value) {
+    refuse(recording, name, line,
+           "a backslash is not followed by another one, by t, or by x and two hexadecimal digits");
+  }
+  return *value;
+}
+
 // Of a recording from somebody else, no path may lead out of its directory or out of the node.
 bool staysInside(const std::string& path) {
   const fs::path parts(path);
@@ -52,7 +63,7 @@ bool staysInside(const std::string& path) {
 
 std::string pathIn(const Recording& recording, const char* name, const std::string& line,
                    std::size_t number) {
-  std::string path = recording::unescaped(line);
+  std::string path = valueIn(recording, name, line, number);
   if (!staysInside(path)) {
     refuse(recording, name, number, "not a path below the directory: '" + line + "'");
   }
@@ -62,9 +73,9 @@ std::string pathIn(const Recording& recording, const char* name, const std::stri
 void takeFact(Recording& recording, const std::string& key, const std::string& value,
               std::size_t number) {
   if (key == "release") {
-    recording.release = recording::unescaped(value);
+    recording.release = valueIn(recording, file::machine, value, number);
   } else if (key == "machine") {
-    recording.machine = recording::unescaped(value);
+    recording.machine = valueIn(recording, file::machine, value, number);
   } else if (key == "unreadable" && value == "uname") {
     recording.hasUname = false;
   } else if (key == "unreadable") {

@@ -12,27 +12,11 @@ using ovxid::recording::escaped;
 using ovxid::recording::Outcome;
 using ovxid::recording::outcomeOf;
 using ovxid::recording::session;
-using ovxid::recording::unescaped;
-
-std::string allBytes() {
-  std::string bytes;
-  for (int byte = 0; byte < 256; ++byte) {
-    bytes += static_cast<char>(byte);
-  }
-  return bytes;
-}
 
 TEST(Escapes, LeaveWhatShows) { EXPECT_EQ(escaped("Kestrel #1 (Rev B)"), "Kestrel #1 (Rev B)"); }
 
 TEST(Escapes, StandForWhatDoesNotShow) {
   EXPECT_EQ(escaped(std::string("\0\t\n\\\xe4\x7f", 6)), "\\x00\\t\\x0a\\\\\\xe4\\x7f");
-}
-
-TEST(Escapes, GiveEveryByteBack) { EXPECT_EQ(unescaped(escaped(allBytes())), allBytes()); }
-
-TEST(Escapes, ThatAreNotCompleteStandForThemselves) {
-  EXPECT_EQ(unescaped("a\\"), "a\\");
-  EXPECT_EQ(unescaped("\\x4"), "x4");
 }
 
 TEST(Session, HasEachLineBehindItsMark) {
