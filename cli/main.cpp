@@ -42,13 +42,11 @@ int main(int argc, char** argv) {
   std::set_terminate(ovxid::cli::complainAndEnd);
   try {
     return ovxid::cli::perform(argc, argv);
-  } catch (const std::bad_alloc&) {  // GCOVR_EXCL_BR_LINE: see below
+  } catch (const std::bad_alloc&) {  // GCOVR_EXCL_BR_LINE: nothing else is thrown
     std::cerr << ovxid::cli::outOfMemory;
     return ownFailure.value;
-    // GCOVR_EXCL_START: no input is known that leads here
   } catch (const std::exception& error) {
     complain("internal error", error.what());
     return ownFailure.value;
-    // GCOVR_EXCL_STOP
   }
 }

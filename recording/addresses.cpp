@@ -17,6 +17,9 @@ namespace {
 
 bool ask(ifconf& list) {
   const int kernel = socket(AF_INET, SOCK_DGRAM | SOCK_CLOEXEC, 0);
+  if (kernel < 0) {
+    return false;
+  }
   const bool answered = ioctl(kernel, SIOCGIFCONF, &list) == 0;
   close(kernel);
   return answered;

@@ -42,12 +42,19 @@ class Copier {
   std::string mUnreadable;
 };
 
+std::string whatMayBeKnown(const std::string& path, const std::string& content) {
+  if (path == cpuinfoPath) {
+    return withoutSerialNumbers(content);
+  }
+  return content;
+}
+
 void Copier::file(const std::string& from, const std::string& to) {
   const std::optional<std::string> content = contentOf(from);
   if (!content && errno == EISDIR) {
     mDirectory.directory(to);
   } else if (content) {
-    mDirectory.file(to, from == cpuinfoPath ? withoutSerialNumbers(*content) : *content);
+    mDirectory.file(to, whatMayBeKnown(from, *content));
   } else if (errno != ENOENT) {
     mUnreadable += "unreadable=" + recording::escaped(to) + "\n";
   }

@@ -18,20 +18,22 @@ namespace {
 
 constexpr const char* none = "-";
 
+std::string textOf(const std::optional<Mac>& mac, Macs& macs) {
+  if (!mac) {
+    return none;
+  }
+  return colonText(macs.written(*mac));
+}
+
 std::string line(const std::string& name, const std::string& address, Macs& macs) {
-  const std::optional<Mac> mac = macOf(name);
-  return recording::escaped(name) + " " + address + " " +
-         (mac ? colonText(macs.written(*mac)) : none) + "\n";
+  return recording::escaped(name) + " " + address + " " + textOf(macOf(name), macs) + "\n";
 }
 
 }  // namespace
 
 std::optional<Mac> macOf(const std::string& interface) {
   ifreq request{};
-  if (interface.empty() || interface.size() >= sizeof request.ifr_name) {
-    return std::nullopt;
-  }
-  interface.copy(static_cast<char*>(request.ifr_name), interface.size());
+  interface.copy(static_cast<char*>(request.ifr_name), sizeof request.ifr_name - 1);
   const int kernel = socket(AF_INET, SOCK_DGRAM | SOCK_CLOEXEC, 0);
   const bool answered = ioctl(kernel, SIOCGIFHWADDR, &request) == 0;
   close(kernel);

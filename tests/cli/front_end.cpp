@@ -2,6 +2,8 @@
 
 #include <fcntl.h>
 #include <linux/capability.h>
+#include <linux/filter.h>
+#include <linux/seccomp.h>
 #include <sched.h>
 #include <sys/mount.h>
 #include <sys/personality.h>
@@ -11,8 +13,10 @@
 
 #include <cerrno>
 #include <csignal>
+#include <cstddef>
 #include <cstdio>
 #include <cstdlib>
+#include <iterator>
 #include <sstream>
 #include <system_error>
 
@@ -142,6 +146,23 @@ void FrontEnd::kernelIs(const std::string& release, const std::string& machine) 
     setenv("LD_PRELOAD", OVXID_OTHER_KERNEL, 1);
     setenv("OVXID_RELEASE", release.c_str(), 1);
     setenv("OVXID_MACHINE", machine.c_str(), 1);
+  });
+}
+
+void FrontEnd::kernelRefuses(long call, unsigned argument) {
+  mPreparations.emplace_back([call, argument] {
+    constexpr unsigned second = offsetof(seccomp_data, args) + sizeof seccomp_data::args[0];
+    sock_filter filter[] = {
+        BPF_STMT(BPF_LD | BPF_W | BPF_ABS, offsetof(seccomp_data, nr)),
+        BPF_JUMP(BPF_JMP | BPF_JEQ | BPF_K, static_cast<unsigned>(call), 0, 3),
+        BPF_STMT(BPF_LD | BPF_W | BPF_ABS, second),
+        BPF_JUMP(BPF_JMP | BPF_JEQ | BPF_K, argument, 0, 1),
+        BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ERRNO | EPERM),
+        BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ALLOW),
+    };
+    const sock_fprog program{std::size(filter), filter};
+    require(prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0), "set no_new_privs");
+    require(prctl(PR_SET_SECCOMP, SECCOMP_MODE_FILTER, &program), "refuse a system call");
   });
 }
 

@@ -1,6 +1,10 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <sys/ioctl.h>
+#include <sys/mman.h>
 #include <sys/mount.h>
+#include <sys/socket.h>
+#include <sys/syscall.h>
 
 #include <filesystem>
 #include <fstream>
@@ -134,6 +138,19 @@ TEST_F(Record, NotesWhatMayNotBeRead) {
   EXPECT_EQ(files["device-tree/open"], "y");
 }
 
+TEST_F(Record, NotesNodesThatMayNotBeRead) {
+  mBoard.property("closed/secret", "x").permissions(std::string(nodePath) + "/closed", 0);
+  obeysModes();
+  EXPECT_THAT(recorded()["machine"], testing::EndsWith("\nunreadable=device-tree/closed\n"));
+  EXPECT_TRUE(fs::is_empty(std::string(recording) + "/device-tree/closed"));
+}
+
+TEST_F(Record, KeepsADirectoryInThePlaceOfAFile) {
+  mBoard.directory(cataloguePath);
+  recorded();
+  EXPECT_TRUE(fs::is_directory(std::string(recording) + "/known_ovx_ids"));
+}
+
 TEST_F(Record, NotesThatTheKernelDidNotTell) {
   kernelIs("", "");
   EXPECT_EQ(recorded()["machine"], "unreadable=uname\n");
@@ -154,6 +171,56 @@ TEST_F(Record, ListsTheWanInterfaceThatHasNoAddress) {
   mBoard.property("wan", bytes("eth0\0"));
   EXPECT_EQ(recorded()["interfaces"], "eth0 - 02:42:ac:11:00:0f\n");
 }
+
+TEST_F(Record, ListsTheWanInterfaceOnceThatHasAnAddress) {
+  mBoard.interface("eth0", "02:42:ac:11:00:0f").property("wan", bytes("eth0\0"));
+  mBoard.address("eth0", "10.0.0.1/8").labelledAddress("eth0:b", "10.0.0.2/8");
+  EXPECT_EQ(recorded()["interfaces"],
+            "eth0 10.0.0.1 02:42:ac:11:00:0f\neth0:b 10.0.0.2 02:42:ac:11:00:0f\n");
+}
+
+TEST_F(Record, LeavesOutAWanInterfaceThatIsNotThere) {
+  mBoard.property("wan", bytes("eth0\0"));
+  EXPECT_EQ(recorded()["interfaces"], "");
+}
+
+TEST_F(Record, ListsAnyNumberOfAddresses) {
+  std::string list;
+  for (int number = 1; number <= 40; ++number) {
+    const std::string address = "127.0.0." + std::to_string(number);
+    mBoard.address("lo", address + "/8");
+    list += "lo " + address + " 00:00:00:00:00:00\n";
+  }
+  EXPECT_EQ(recorded()["interfaces"], list);
+}
+
+TEST_F(Record, ListsAnInterfaceWhoseMacAddressTheKernelDoesNotTell) {
+  mBoard.address("lo", "127.0.0.1/8");
+  kernelRefuses(SYS_ioctl, SIOCGIFHWADDR);
+  EXPECT_EQ(recorded()["interfaces"], "lo 127.0.0.1 -\n");
+}
+
+struct Refusal {
+  const char* name;
+  long call;
+  unsigned argument;
+};
+
+void PrintTo(const Refusal& refusal, std::ostream* out) { *out << refusal.name; }
+
+class RecordWithout : public Record, public testing::WithParamInterface<Refusal> {};
+
+TEST_P(RecordWithout, TellsThatTheInterfacesAreMissing) {
+  kernelRefuses(GetParam().call, GetParam().argument);
+  EXPECT_EQ(ovxid({"record", recording}),
+            (Outcome{4, "", "ovxid: interfaces: Operation not permitted\n"}));
+  EXPECT_FALSE(fs::exists(recording));
+}
+
+INSTANTIATE_TEST_SUITE_P(The, RecordWithout,
+                         testing::Values(Refusal{"Socket", SYS_socket, SOCK_DGRAM | SOCK_CLOEXEC},
+                                         Refusal{"List", SYS_ioctl, SIOCGIFCONF}),
+                         [](const auto& test) { return test.param.name; });
 
 TEST_F(Record, LeavesOutTheSerialNumberOfTheMachine) {
   mBoard.cpuinfo(
@@ -212,6 +279,12 @@ TEST_F(RecordNoMac, HasTheMadeUpAddressInTheListing) {
   EXPECT_THAT(files["interfaces"], Not(HasSubstr("02:42:ac")));
 }
 
+// A line of the name of a property is not the WAN interface.
+TEST_F(RecordNoMac, KeepsAListingThatHasNoAddress) {
+  mBoard.interface("eth0", "02:42:ac:11:0f:7f").property("a\novx_wan", "eth0");
+  EXPECT_THAT(recorded()["said"], HasSubstr("\nout| OVX_A\nout| OVX_WAN=eth0\nerr|"));
+}
+
 TEST_F(RecordNoMac, KeepsTheAddressOfTheLoopback) {
   mBoard.address("lo", "127.0.0.1/8");
   EXPECT_EQ(recorded()["interfaces"], "lo 127.0.0.1 00:00:00:00:00:00\n");
@@ -233,6 +306,20 @@ TEST_F(Record, LeavesNothingBehindWhenTheDiskIsFull) {
   EXPECT_FALSE(fs::exists(recording));
 }
 
+TEST_F(Record, LeavesNothingBehindWhenNoFileCanBeMade) {
+  ASSERT_EQ(mount("tests", "/proc/recordings", "tmpfs", 0, "nr_inodes=2"), 0);
+  EXPECT_EQ(ovxid({"record", recording}),
+            (Outcome{3, "", "ovxid: /proc/recordings/board/said: No space left on device\n"}));
+  EXPECT_FALSE(fs::exists(recording));
+}
+
+TEST_F(Record, LeavesNothingBehindWhenItCannotTakeWhatIsSaid) {
+  kernelRefuses(SYS_memfd_create, MFD_CLOEXEC);
+  EXPECT_EQ(ovxid({"record", recording}),
+            (Outcome{125, "", "ovxid: internal error: memfd_create: Operation not permitted\n"}));
+  EXPECT_FALSE(fs::exists(recording));
+}
+
 TEST_F(Record, NeedsADirectory) {
   EXPECT_EQ(ovxid({"record"}),
             (Outcome{2, "", "ovxid: record: DIRECTORY is missing (see 'ovxid help record')\n"}));
@@ -242,6 +329,13 @@ TEST_F(FrontEnd, TellsThatReplayIsNotInstalled) {
   EXPECT_EQ(
       ovxid({"replay", "/proc"}),
       (Outcome{127, "", "ovxid: ovxid-replay: not installed (it has a package of its own)\n"}));
+}
+
+TEST_F(FrontEnd, TellsThatReplayCannotBeRun) {
+  mBoard.file("/proc/programs/ovxid-replay", "");
+  pathIs("/proc/programs");
+  EXPECT_EQ(ovxid({"replay", "/proc"}),
+            (Outcome{126, "", "ovxid: ovxid-replay: Permission denied\n"}));
 }
 
 }  // namespace

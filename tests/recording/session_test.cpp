@@ -3,8 +3,14 @@
 #include <gtest/gtest.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <csignal>
+#include <cstddef>
 #include <iostream>
+#include <stdexcept>
+#include <system_error>
+
+#include "simulation/descriptors.h"
 
 namespace {
 
@@ -40,6 +46,21 @@ TEST(OutcomeOf, AProcessHasWhatItWroteAndItsStatus) {
 
 TEST(OutcomeOf, AKilledProcessHasTheNumberOfTheSignal) {
   EXPECT_EQ(outcomeOf([] { return std::raise(SIGKILL); }).status, 128 + SIGKILL);
+}
+
+TEST(OutcomeOf, AnExceptionEndsTheProcess) {
+  EXPECT_EQ(outcomeOf([]() -> int { throw std::runtime_error("x"); }).status, 128 + SIGABRT);
+}
+
+// UndefinedBehaviorSanitizer opens descriptors when it first meets a type of objects.
+TEST(OutcomeOf, NoDescriptorStaysOpenWhenThereAreTooFew) {
+  const std::system_error knownToTheSanitizer(EMFILE, std::generic_category(), "");
+  const std::ptrdiff_t before = openDescriptors();
+  for (const int free : {0, 1, 2}) {
+    const FreeDescriptors few(free);
+    EXPECT_THROW(outcomeOf([] { return 0; }), std::system_error) << free;
+  }
+  EXPECT_EQ(openDescriptors(), before);
 }
 
 TEST(OutcomeOf, ALargeOutputIsComplete) {
