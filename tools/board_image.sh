@@ -8,7 +8,7 @@
 
 readonly parts=$PWD/build/board_parts
 readonly userland=(bash busybox)
-readonly simulation=(tests/simulation/{board,child,kernel,logger}.cpp replay/world.cpp)
+readonly simulation=(tests/simulation/{board,child,kernel,logger}.cpp replay/{network,world}.cpp)
 # The drivers of the network card and the disk, and of the buses that machines have.
 readonly modules=(virtio_pci virtio_mmio virtio_net virtio_blk)
 
@@ -180,7 +180,7 @@ compile() {
 # types as the library that calls them.
 make_exhaustion() {
   local program=$parts/exhaustion/$1
-  ! is_current "$program" "$parts/systems/$1.cpio" tests/exhaustion/* tests/simulation/* replay/world.* || return 0
+  ! is_current "$program" "$parts/systems/$1.cpio" tests/exhaustion/* tests/simulation/* replay/{network,world}.* || return 0
   echo "program $1"
   mkdir -p "$parts/exhaustion"
   compile "$1" "$program" -D_FILE_OFFSET_BITS=64 -D_TIME_BITS=64 -I tests -I . \

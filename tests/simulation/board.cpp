@@ -4,13 +4,13 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <sstream>
 #include <stdexcept>
 #include <system_error>
 
+#include "replay/network.h"
 #include "simulation/kernel.h"
 
 namespace fs = std::filesystem;
@@ -110,23 +110,23 @@ Board& Board::permissions(const std::string& path, unsigned mode) {
 
 Board& Board::interface(const std::string& name, const std::string& mac) {
   const std::string peer = "peer" + std::to_string(mInterfaces++);
-  ip("link add " + name + " address " + mac + " type veth peer name " + peer);
+  changeNetwork({"link add " + name + " address " + mac + " type veth peer name " + peer});
   return *this;
 }
 
 Board& Board::mac(const std::string& interface, const std::string& mac) {
-  ip("link set " + interface + " address " + mac);
+  changeNetwork({"link set " + interface + " address " + mac});
   return *this;
 }
 
 Board& Board::address(const std::string& interface, const std::string& address) {
-  ip("address add " + address + " dev " + interface);
+  changeNetwork({"address add " + address + " dev " + interface});
   return *this;
 }
 
 Board& Board::labelledAddress(const std::string& label, const std::string& address) {
   const std::string interface = label.substr(0, label.find(':'));
-  ip("address add " + address + " dev " + interface + " label " + label);
+  changeNetwork({"address add " + address + " dev " + interface + " label " + label});
   return *this;
 }
 
@@ -159,13 +159,6 @@ Messages Board::messagesOf(const std::function<void()>& call) {
   const auto before = static_cast<std::ptrdiff_t>(mLogger.messages.size());
   call();
   return {mLogger.messages.begin() + before, mLogger.messages.end()};
-}
-
-void Board::ip(const std::string& command) {
-  // NOLINTNEXTLINE(cert-env33-c): the command comes from the tests only
-  if (std::system(("ip " + command).c_str()) != 0) {
-    throw std::runtime_error("cannot make the interface (package iproute2): ip " + command);
-  }
 }
 
 std::string listing(OvxIdentifier& identifier) {

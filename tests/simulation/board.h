@@ -57,8 +57,6 @@ class Board {
   Messages messagesOf(const std::function<void()>& call);
 
  private:
-  void ip(const std::string& command);
-
   ReplacedDirectory mProc;
   ReplacedDirectory mEtc;
   cQlog mLogger;
