@@ -48,12 +48,12 @@ void complain(const std::string& what, const std::string& why) {
   std::cerr << "ovxid-replay: " + recording::escaped(what) + ": " + why + "\n";
 }
 
-// So that nothing that is opened takes the place of a stream which is closed. It is closed again
-// when the program is run.
+// So that nothing that is opened takes the place of a stream which is closed. Writing there fails
+// as before, and it is closed again when the program is run.
 void holdClosedStreams() {
   for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
     if (fcntl(stream, F_GETFD) < 0) {
-      open("/dev/null", O_RDWR | O_CLOEXEC);
+      open("/dev/null", O_RDONLY | O_CLOEXEC);
     }
   }
 }
@@ -75,16 +75,19 @@ int replay(const char* directory, char** words) {
   return *words == nullptr ? compareWithRecording(recording) : run(words);
 }
 
+int print(const char* text) {
+  require(static_cast<bool>(std::cout << text << std::flush), "standard output");
+  return 0;
+}
+
 int readWords(int argc, char** argv) {
   constexpr option options[] = {
       {"help", no_argument, nullptr, 'h'}, {"version", no_argument, nullptr, 'V'}, {}};
   switch (getopt_long(argc, argv, "+hV", options, nullptr)) {
     case 'h':
-      std::cout << usage;
-      return 0;
+      return print(usage);
     case 'V':
-      std::cout << "ovxid-replay " OVXID_VERSION "\n";
-      return 0;
+      return print("ovxid-replay " OVXID_VERSION "\n");
     case -1:
       break;
     default:
