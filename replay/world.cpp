@@ -7,11 +7,13 @@
 #include <sys/syscall.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <cstdint>
 #include <filesystem>
 #include <fstream>
+#include <iterator>
 #include <system_error>
 
 namespace fs = std::filesystem;
@@ -24,19 +26,58 @@ void require(bool success, const std::string& what) {
   }
 }
 
+// A value of sysctl(8) with which only root may make namespaces, and one with which others may.
+struct Setting {
+  const char* name;
+  const char* forbids;
+  const char* allows;
+};
+
+constexpr Setting settings[] = {
+    {"user.max_user_namespaces", "0", "10000"},
+    // Debian has this one, and Ubuntu the next.
+    {"kernel.unprivileged_userns_clone", "0", "1"},
+    {"kernel.apparmor_restrict_unprivileged_userns", "1", "0"},
+};
+
+std::string valueOf(std::string setting) {
+  std::replace(setting.begin(), setting.end(), '.', '/');
+  std::string value;
+  std::getline(std::ifstream("/proc/sys/" + setting), value);
+  return value;
+}
+
+std::string whatAllowsNamespaces() {
+  const Setting* const setting =
+      std::find_if(std::begin(settings), std::end(settings),
+                   [](const Setting& each) { return valueOf(each.name) == each.forbids; });
+  if (setting == std::end(settings)) {
+    return "root needs none; a chroot and some containers do not allow it";
+  }
+  return std::string("root needs none; 'sysctl ") + setting->name + "=" + setting->allows +
+         "' allows it";
+}
+
+// Where a security module restrains the namespace, making it succeeds, and using it fails.
+void requireNamespace(bool success, const std::string& what) {
+  if (!success) {
+    const int reason = errno;
+    throw std::system_error(reason, std::generic_category(),
+                            what + " (" + whatAllowsNamespaces() + ")");
+  }
+}
+
 void write(const std::string& path, const std::string& text) {
   std::ofstream file(path);
   file << text << std::flush;
-  require(file.good(), "write " + path);
+  requireNamespace(file.good(), "make a user namespace");
 }
 
 void enterUserNamespace(InNamespace as) {
   const auto user = std::to_string(geteuid());
   const auto group = std::to_string(getegid());
   const bool asRoot = as == InNamespace::asRoot;
-  require(unshare(CLONE_NEWUSER) == 0,
-          "make a user namespace (root needs none; the settings user.max_user_namespaces and "
-          "kernel.unprivileged_userns_clone of sysctl allow it)");
+  requireNamespace(unshare(CLONE_NEWUSER) == 0, "make a user namespace");
   write("/proc/self/setgroups", "deny");
   write("/proc/self/uid_map", (asRoot ? "0" : user) + " " + user + " 1");
   write("/proc/self/gid_map", (asRoot ? "0" : group) + " " + group + " 1");
@@ -91,7 +132,7 @@ void takeOwnMounts(InNamespace user) {
   }
   if (unshare(CLONE_NEWNS) != 0) {
     enterUserNamespace(user);
-    require(unshare(CLONE_NEWNS) == 0, "make a mount namespace");
+    requireNamespace(unshare(CLONE_NEWNS) == 0, "make a mount namespace");
   }
   makeMountsPrivate();
   left = true;
