@@ -5,7 +5,10 @@
 #include <sys/mount.h>
 #include <sys/socket.h>
 #include <sys/syscall.h>
+#include <unistd.h>
 
+#include <csignal>
+#include <cstring>
 #include <filesystem>
 #include <fstream>
 #include <map>
@@ -13,6 +16,7 @@
 #include <sstream>
 
 #include "cli/front_end.h"
+#include "simulation/system_calls.h"
 
 namespace fs = std::filesystem;
 
@@ -319,6 +323,43 @@ TEST_F(Record, LeavesNothingBehindWhenItCannotTakeWhatIsSaid) {
             (Outcome{125, "", "ovxid: internal error: memfd_create: Operation not permitted\n"}));
   EXPECT_FALSE(fs::exists(recording));
 }
+
+class RecordUntil : public Record, public testing::WithParamInterface<int> {
+ protected:
+  // Interrupts the recording at this system call, counted from when its directory is there. Whether
+  // something of it was missing then.
+  bool interruptAt(int number) {
+    bool isPart = false;
+    interrupt(
+        GetParam(),
+        [&] {
+          const bool isTime = fs::exists(recording) && --number == 0;
+          isPart = isTime && filesIn(recording) != mWhole;
+          return isTime;
+        },
+        [] { execl(OVXID_CLI, OVXID_CLI, "record", recording, nullptr); });
+    return isPart;
+  }
+
+  std::map<std::string, std::string> mWhole;
+};
+
+TEST_P(RecordUntil, LeavesNoPartOfARecordingBehind) {
+  mBoard.property("site", "north gate").catalogue("Kestrel:12\n");
+  ASSERT_FALSE(interruptAt(0));
+  mWhole = filesIn(recording);
+  ASSERT_EQ(mWhole.size(), 6);
+  fs::remove_all(recording);
+  int number = 1;
+  for (; interruptAt(number); ++number) {
+    ASSERT_EQ(filesIn(recording), mWhole) << "interrupted at " << number;
+    fs::remove_all(recording);
+  }
+  EXPECT_GT(number, 20);
+}
+
+INSTANTIATE_TEST_SUITE_P(Signal, RecordUntil, testing::Values(SIGHUP, SIGINT, SIGQUIT, SIGTERM),
+                         [](const auto& test) { return sigabbrev_np(test.param); });
 
 TEST_F(Record, NeedsADirectory) {
   EXPECT_EQ(ovxid({"record"}),

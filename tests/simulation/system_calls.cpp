@@ -97,11 +97,11 @@ std::vector<std::string> traceBetweenMarks(pid_t child) {
   return calls;
 }
 
-}  // namespace
-
-std::vector<std::string> systemCallsOf(const std::function<void()>& call) {
+// A child process that makes the call in a process group of its own, and waits before it does.
+pid_t startTraced(const std::function<void()>& call) {
   const auto child = static_cast<pid_t>(require(fork(), "fork"));
   if (child == 0) {
+    setpgid(0, 0);
     ptrace(PTRACE_TRACEME, 0, nullptr, nullptr);
     std::raise(SIGSTOP);
     syscall(mark);
@@ -113,5 +113,25 @@ std::vector<std::string> systemCallsOf(const std::function<void()>& call) {
   require(waitpid(child, &status, 0), "wait for the child");
   // Without this option the kernel does not tell a system call from a signal.
   require(ptrace(PTRACE_SETOPTIONS, child, nullptr, PTRACE_O_TRACESYSGOOD), "trace the child");
-  return traceBetweenMarks(child);
+  return child;
+}
+
+}  // namespace
+
+std::vector<std::string> systemCallsOf(const std::function<void()>& call) {
+  return traceBetweenMarks(startTraced(call));
+}
+
+void interrupt(int signal, const std::function<bool()>& isTime, const std::function<void()>& call) {
+  const pid_t child = startTraced(call);
+  __ptrace_syscall_info info{};
+  do {
+    if (!nextEntry(child, info)) {
+      return;
+    }
+  } while (!isTime());
+  require(kill(-child, signal), "interrupt the child");
+  require(ptrace(PTRACE_DETACH, child, nullptr, nullptr), "let the child go on");
+  int status = 0;
+  require(waitpid(child, &status, 0), "wait for the child");
 }
