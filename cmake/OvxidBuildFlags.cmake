@@ -16,6 +16,8 @@ endif()
 function(ovxid_build_flags target)
   target_compile_options(${target} PRIVATE -fstack-protector-strong -fstack-clash-protection)
   target_link_options(${target} PRIVATE LINKER:-z,relro,-z,now,--as-needed)
+  # Else 32-bit programs could not look at files with large inode numbers or times after 2038.
+  target_compile_definitions(${target} PRIVATE _FILE_OFFSET_BITS=64 _TIME_BITS=64)
   if(OVXID_STRICT)
     target_compile_options(${target} PRIVATE ${ovxid_warnings} -Werror)
   endif()
