@@ -1,9 +1,7 @@
-#include <dirent.h>
-
 #include <algorithm>
 #include <cerrno>
-#include <memory>
 
+#include "directory_listing.h"
 #include "explain/remarks.h"
 #include "platform.h"
 #include "suggestion.h"
@@ -13,19 +11,11 @@ namespace ovxid::cli {
 
 namespace {
 
-std::vector<std::string> namesIn(const std::string& directory) {
-  std::vector<std::string> names;
-  const std::unique_ptr<DIR, int (*)(DIR*)> stream(opendir(directory.c_str()), closedir);
-  while (const dirent* const entry = stream ? readdir(stream.get()) : nullptr) {
-    names.emplace_back(static_cast<const char*>(entry->d_name));
-  }
-  std::sort(names.begin(), names.end());
-  return names;
-}
-
 void remarkOnNameLike(const std::string& wanted, const std::string& directory,
                       const std::string& what, Remarks& remarks) {
-  const std::string similar = nearest(wanted, namesIn(directory));
+  std::vector<std::string> names = namesIn(directory);
+  std::sort(names.begin(), names.end());
+  const std::string similar = nearest(wanted, names);
   if (!similar.empty()) {
     remarks.push_back(what + " " + shown(similar) + ", but " + shown(wanted) + " is looked for.");
   }

@@ -1,11 +1,11 @@
 #include "record/directory.h"
 
+#include <ftw.h>
 #include <sys/stat.h>
 
 #include <cerrno>
+#include <cstdio>
 #include <cstring>
-#include <filesystem>
-#include <system_error>
 
 #include "diagnostics.h"
 #include "output.h"
@@ -20,14 +20,19 @@ void make(const std::string& path) {
   }
 }
 
+constexpr int descriptorsOfWalk = 8;
+
+int removeEntry(const char* path, const struct stat* /*status*/, int /*type*/, FTW* /*position*/) {
+  return std::remove(path);
+}
+
 }  // namespace
 
 RecordingDirectory::RecordingDirectory(std::string path) : mPath(std::move(path)) { make(mPath); }
 
 RecordingDirectory::~RecordingDirectory() {
   if (!mKept) {
-    std::error_code error;
-    std::filesystem::remove_all(mPath, error);
+    nftw(mPath.c_str(), removeEntry, descriptorsOfWalk, FTW_DEPTH | FTW_PHYS);
   }
 }
 

@@ -1,14 +1,15 @@
 #include "recording/files.h"
 
+#include <sys/stat.h>
 #include <sys/utsname.h>
 #include <unistd.h>
 
 #include <cerrno>
-#include <filesystem>
 #include <string_view>
-#include <system_error>
+#include <vector>
 
 #include "catalogue.h"
+#include "directory_listing.h"
 #include "platform.h"
 #include "record/records.h"
 #include "record/serial_numbers.h"
@@ -19,7 +20,11 @@ namespace ovxid::cli {
 
 namespace {
 
-namespace fs = std::filesystem;
+// std::filesystem on 32 bits knows no dates after 2038.
+bool isDirectory(const std::string& path) {
+  struct stat status {};
+  return stat(path.c_str(), &status) == 0 && S_ISDIR(status.st_mode);
+}
 
 // Copies files of the board. What may not be read is noted, so that it can be that there, too.
 class Copier {
@@ -34,7 +39,6 @@ class Copier {
   const std::string& unreadable() const { return mUnreadable; }
 
  private:
-  void entry(const fs::directory_entry& entry, const std::string& to);
   void directory(const std::string& from, const std::string& to);
 
   const RecordingDirectory& mDirectory;
@@ -67,30 +71,24 @@ void Copier::directory(const std::string& from, const std::string& to) {
   }
 }
 
-void Copier::entry(const fs::directory_entry& entry, const std::string& to) {
-  std::error_code error;
-  if (entry.is_directory(error)) {
-    directory(entry.path(), to);
-  } else {
-    file(entry.path(), to);
-  }
-}
-
 // In the order in which the library walks over it.
 void Copier::node(const std::string& from, const std::string& to) {
-  std::error_code error;
-  const fs::directory_entry node(from, error);
-  if (!node.exists(error)) {
-    return;
-  }
-  entry(node, to);
-  constexpr auto options = fs::directory_options::follow_directory_symlink |
-                           fs::directory_options::skip_permission_denied;
-  for (fs::recursive_directory_iterator each(from, options, error), end; each != end;
-       each.increment(error)) {
-    const std::string path = each->path().lexically_relative(from);
-    mOrder += recording::escaped(path) + "\n";
-    entry(*each, std::string(to).append("/").append(path));
+  std::vector<std::string> rest{""};
+  while (!rest.empty()) {
+    const std::string entry = rest.back();
+    rest.pop_back();
+    if (!entry.empty()) {
+      mOrder += recording::escaped(entry.substr(1)) + "\n";
+    }
+    if (!isDirectory(from + entry)) {
+      file(from + entry, to + entry);
+      continue;
+    }
+    directory(from + entry, to + entry);
+    const std::vector<std::string> names = namesIn(from + entry);
+    for (auto name = names.rbegin(); name != names.rend(); ++name) {
+      rest.push_back(entry + "/" + *name);
+    }
   }
 }
 

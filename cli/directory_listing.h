@@ -1,0 +1,15 @@
+#ifndef OVXID_CLI_DIRECTORY_LISTING_H
+#define OVXID_CLI_DIRECTORY_LISTING_H
+
+#include <string>
+#include <vector>
+
+namespace ovxid::cli {
+
+// What is in a directory, without "." and "..", in the order of the kernel. Nothing if it cannot be
+// read.
+std::vector<std::string> namesIn(const std::string& directory);
+
+}  // namespace ovxid::cli
+
+#endif
