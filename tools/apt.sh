@@ -12,7 +12,7 @@
   packages_bench=(libbenchmark-dev valgrind)
   packages_package=(build-essential debhelper dpkg-dev git lintian)
   packages_abi=(binutils pahole)
-  packages_board=(iproute2 qemu-system-arm qemu-system-x86 device-tree-compiler cpio kmod pkgconf)
+  packages_board=(iproute2 device-tree-compiler cpio kmod pkgconf)
   packages_install_test=(autopkgtest debootstrap debian-archive-keyring zstd)
   # In the clean root of tests/packages: what the tests in debian/tests need, and what our packages need.
   packages_consumer=(g++ make cmake pkgconf)

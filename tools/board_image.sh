@@ -9,8 +9,6 @@
 readonly parts=$PWD/build/board_parts
 readonly userland=(bash busybox)
 readonly simulation=(tests/simulation/{board,child,kernel,logger}.cpp replay/{network,world}.cpp)
-# The drivers of the network card and the disk, and of the buses that machines have.
-readonly modules=(virtio_pci virtio_mmio virtio_net virtio_blk)
 
 # resolve ARCHITECTURE PACKAGE...: prints the address, the file name and the hash of every package that
 # an empty system needs to install these; what is installed on this machine does not matter. Package
@@ -65,11 +63,14 @@ archive() {
   (cd "$1" && find . | LC_ALL=C sort | cpio --quiet --create --format=newc --owner=0:0) >"$2"
 }
 
-# make_kernel ARCHITECTURE PACKAGE: makes kernels/PACKAGE from the kernel that the package depends on:
-# the image, its release, the device trees that come with it, and its modules.
+# make_kernel ARCHITECTURE PACKAGE MODULE...: makes kernels/PACKAGE from the kernel that the package depends on:
+# the image, its release, the device trees that come with it, and these of its modules.
 make_kernel() {
   local architecture=$1 package=$2 kernel=$parts/kernels/$2 file release
-  ! is_current "$kernel/release" || return 0
+  local -r modules=("${@:3}")
+  if is_current "$kernel/release" && [[ $(cat "$kernel/wanted" 2>/dev/null) == "${modules[*]}" ]]; then
+    return 0
+  fi
   echo "kernel  $package"
   rm -rf "$kernel"
   mkdir -p "$kernel/package"
@@ -77,23 +78,24 @@ make_kernel() {
   read -r _ file _ <"$kernel/files"
   dpkg-deb --extract "$parts/packages/$file" "$kernel/package"
   release=$(basename "$kernel"/package/lib/modules/*)
-  mv "$kernel/package/boot/vmlinuz-$release" "$kernel/vmlinuz"
+  mv "$kernel/package/boot"/vmlinu[xz]-"$release" "$kernel/vmlinuz"
   if [[ -d $kernel/package/usr/lib/linux-image-$release ]]; then
     mv "$kernel/package/usr/lib/linux-image-$release" "$kernel/dtbs"
   fi
   archive_modules "$kernel" "$release"
   rm -rf "$kernel/package"
+  echo "${modules[*]}" >"$kernel/wanted"
   echo "$release" >"$kernel/release"
 }
 
 # archive_modules KERNEL RELEASE: archives the modules and those they need, and a list of them in the
-# order in which they have to be loaded.
+# order in which they have to be loaded. A board whose module does not exist fails by itself.
 archive_modules() {
   local kernel=$1 release=$2 module path
   mkdir -p "$kernel/root/modules"
   /sbin/depmod --basedir "$kernel/package" "$release"
   for module in "${modules[@]}"; do
-    /sbin/modprobe --dirname "$kernel/package" --set-version "$release" --show-depends "$module"
+    /sbin/modprobe --dirname "$kernel/package" --set-version "$release" --show-depends "$module" || true
   done | awk '$1 == "insmod" && !seen[$2]++ { print $2 }' >"$kernel/insmod"
   while read -r path; do
     cp "$path" "$kernel/root/modules"
@@ -120,13 +122,15 @@ make_system() {
   front_end=$(built_package ovxid "$architecture")
   development=$(built_package libovxid-dev "$architecture")
   ! is_current "$system.cpio" "$library" "$front_end" "$development" \
-    tests/boards/{init,session,program.cpp} || return 0
+    tests/boards/{init,session,program.cpp,set_clock.cpp} || return 0
   echo "system  $architecture"
   rm -rf "$system"
   mkdir -p "$system"
   unpack "$system/root" "$architecture" "$library" "$front_end" "${userland[@]}"
   unpack "$system/development" "$architecture" "$library" "$development"
   compile "$architecture" "$system/root/usr/bin/program" tests/boards/program.cpp
+  compile "$architecture" "$system/root/usr/bin/set_clock" -D_FILE_OFFSET_BITS=64 -D_TIME_BITS=64 \
+    tests/boards/set_clock.cpp
   mkdir -p "$system"/root/{proc,sys,dev,tmp,results}
   cp tests/boards/{init,session} "$system/root"
   archive_system "$system"
@@ -165,13 +169,15 @@ unpack() {
 # compile ARCHITECTURE PROGRAM ARGUMENT...: makes a program for a system that is made already, linked
 # against the library of our packages.
 compile() {
-  local development=$parts/systems/$1/development triplet flags
+  local development=$parts/systems/$1/development triplet compiler flags
   triplet=$(dpkg-architecture -a "$1" -qDEB_HOST_MULTIARCH)
+  # It warns that this machine's compiler is of another architecture.
+  compiler=$(dpkg-architecture -a "$1" -qDEB_HOST_GNU_TYPE 2>/dev/null)-g++
   flags=$(PKG_CONFIG_LIBDIR=$development/usr/lib/$triplet/pkgconfig \
     PKG_CONFIG_SYSROOT_DIR=$development PKG_CONFIG_ALLOW_SYSTEM_CFLAGS=1 \
     PKG_CONFIG_ALLOW_SYSTEM_LIBS=1 pkg-config --cflags --libs ovxid)
   # shellcheck disable=SC2086  # The flags are words.
-  "$triplet-g++" -Wall -Wextra -Werror "${@:3}" -o "$2" \
+  "$compiler" -Wall -Wextra -Werror "${@:3}" -o "$2" \
     $flags -Wl,-rpath-link="$development/usr/lib/$triplet"
 }
 
