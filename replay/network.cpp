@@ -12,6 +12,8 @@
 #include <cerrno>
 #include <cstdint>
 #include <cstdio>
+#include <iterator>
+#include <sstream>
 #include <stdexcept>
 #include <system_error>
 
@@ -50,14 +52,25 @@ std::string contentOf(int file) {
   return {text.data(), size < 0 ? 0 : static_cast<std::size_t>(size)};
 }
 
-[[noreturn]] void becomeIp(int commands, int complaints) noexcept {
+// The ip of busybox, which small systems have, knows no batches.
+std::vector<std::string> argumentsFor(const std::vector<std::string>& commands) {
+  if (commands.size() != 1) {
+    return {"ip", "-batch", "-"};
+  }
+  std::istringstream words(commands.front());
+  std::vector<std::string> arguments{"ip"};
+  arguments.insert(arguments.end(), std::istream_iterator<std::string>(words), {});
+  return arguments;
+}
+
+[[noreturn]] void becomeIp(char** arguments, int commands, int complaints) noexcept {
   dup2(commands, STDIN_FILENO);
   dup2(complaints, STDERR_FILENO);
   if (!passOnNetworkRights()) {
     std::perror("changing the network takes CAP_NET_ADMIN");
     _exit(1);
   }
-  execlp("ip", "ip", "-batch", "-", nullptr);
+  execvp(arguments[0], arguments);
   _exit(127);
 }
 
@@ -70,9 +83,15 @@ void changeNetwork(const std::vector<std::string>& commands) {
   }
   const int input = fileOf(text);
   const int complaints = fileOf("");
+  std::vector<std::string> arguments = argumentsFor(commands);
+  std::vector<char*> pointers;
+  for (std::string& argument : arguments) {
+    pointers.push_back(argument.data());
+  }
+  pointers.push_back(nullptr);
   const pid_t child = require(fork(), "fork");
   if (child == 0) {
-    becomeIp(input, complaints);
+    becomeIp(pointers.data(), input, complaints);
   }
   int status = 0;
   require(waitpid(child, &status, 0), "waitpid");
