@@ -26,7 +26,7 @@ constexpr int cannotRun = 126;
 constexpr int notFound = 127;
 
 constexpr const char* usage =
-    "Usage: ovxid-replay DIRECTORY [--] [PROGRAM [ARG...]]\n"
+    "Usage: ovxid-replay DIRECTORY [[--] PROGRAM [ARG...]]\n"
     "\n"
     "Runs a program as if it ran on the board that 'ovxid record' has written down.\n"
     "Without a program, compares what ovxid says there with what it said on the board.\n"

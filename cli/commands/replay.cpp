@@ -24,7 +24,7 @@ int replay(const Invocation& invocation) {
   const InheritedHandlers handlers;
   execvp(program, words.data());
   if (errno == ENOENT) {
-    throw Failure(exit_status::notFound, program, "not installed (it has a package of its own)");
+    throw Failure(exit_status::notFound, program, "not installed (package ovxid-replay)");
   }
   throw Failure(exit_status::cannotRun, program, std::strerror(errno));
 }

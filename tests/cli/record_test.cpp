@@ -367,9 +367,8 @@ TEST_F(Record, NeedsADirectory) {
 }
 
 TEST_F(FrontEnd, TellsThatReplayIsNotInstalled) {
-  EXPECT_EQ(
-      ovxid({"replay", "/proc"}),
-      (Outcome{127, "", "ovxid: ovxid-replay: not installed (it has a package of its own)\n"}));
+  EXPECT_EQ(ovxid({"replay", "/proc"}),
+            (Outcome{127, "", "ovxid: ovxid-replay: not installed (package ovxid-replay)\n"}));
 }
 
 TEST_F(FrontEnd, TellsThatReplayCannotBeRun) {
