@@ -15,6 +15,8 @@ namespace {
 
 constexpr std::string_view wan = "OVX_WAN=";
 constexpr std::string_view wanMac = "OVX_WAN_ID=";
+// The message about a line of cpuinfo.
+constexpr std::string_view cpuinfoLine = "debug: Cpuinfo line: ";
 
 // GCOVR_EXCL_START: gcc does not write its counts where this process ends
 int listVerbosely() {
@@ -56,7 +58,7 @@ std::string wanInterfaceIn(const std::string& listing) {
 std::string recordWhatIsSaid(Macs& macs, const RecordingDirectory& directory) {
   recording::Outcome outcome = recording::outcomeOf(listVerbosely);
   outcome.out = withWrittenMac(outcome.out, macs);
-  outcome.err = withoutSerialNumbers(outcome.err);
+  outcome.err = withoutSerialNumbers(outcome.err, cpuinfoLine);
   directory.file(recording::file::said, recording::session("ovxid -v list", outcome));
   return outcome.out;
 }

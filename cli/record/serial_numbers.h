@@ -2,12 +2,13 @@
 #define OVXID_CLI_RECORD_SERIAL_NUMBERS_H
 
 #include <string>
+#include <string_view>
 
 namespace ovxid::cli {
 
-// The lines of cpuinfo, or messages about them, with zeros in the place of what names the single
-// machine. The library does not look at that.
-std::string withoutSerialNumbers(std::string text);
+// The text with zeros in the place of what names the single machine in lines of cpuinfo, which
+// stand behind this beginning of a line. The library does not look at that.
+std::string withoutSerialNumbers(std::string text, std::string_view beginning = "");
 
 }  // namespace ovxid::cli
 

@@ -235,14 +235,26 @@ TEST_F(Record, LeavesOutTheSerialNumberOfTheMachine) {
 
 TEST_F(Record, LeavesOutTheSerialNumberInMessages) {
   mBoard.cpuinfo(
-      "Serial\t\t: 00000000fa12cd07\nprocessor 0: identification = 0133E8,  machine = 2964\n");
+      "Serial\t\t: 00000000fa12cd07\nprocessor 0: identification = 0133E8,  machine = 2964\n"
+      "identification  : 0133E8\n");
   std::map<std::string, std::string> files = recorded();
-  EXPECT_EQ(
-      files["cpuinfo"],
-      "Serial\t\t: 0000000000000000\nprocessor 0: identification = 000000,  machine = 2964\n");
+  EXPECT_EQ(files["cpuinfo"],
+            "Serial\t\t: 0000000000000000\nprocessor 0: identification = 000000,  machine = 2964\n"
+            "identification  : 000000\n");
   EXPECT_THAT(files["said"], HasSubstr("Serial\\t\\t: 0000000000000000\n"));
   EXPECT_THAT(files["said"], Not(HasSubstr("fa12cd07")));
   EXPECT_THAT(files["said"], Not(HasSubstr("0133E8")));
+}
+
+TEST_F(Record, KeepsWhatIsOnlyCalledLikeASerialNumber) {
+  const std::string cpuinfo =
+      "Serial\nSerial bus\t: a1\nNumber\t: a2\nthe identification = a3\nprocessor\t: 4\n"
+      "Hardware\t: Serial Board\n";
+  mBoard.cpuinfo(cpuinfo).catalogue("Serial ab:7:identification = ab\n");
+  std::map<std::string, std::string> files = recorded();
+  EXPECT_EQ(files["cpuinfo"], cpuinfo);
+  EXPECT_THAT(files["said"], HasSubstr("Searching known aliases of Serial ab...\n"));
+  EXPECT_THAT(files["said"], HasSubstr("Found possisble alias: 'Serial Board'\n"));
 }
 
 TEST_F(Record, SaysTheSameWithClosedStreams) {
