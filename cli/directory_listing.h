@@ -1,14 +1,15 @@
 #ifndef OVXID_CLI_DIRECTORY_LISTING_H
 #define OVXID_CLI_DIRECTORY_LISTING_H
 
+#include <optional>
 #include <string>
 #include <vector>
 
 namespace ovxid::cli {
 
-// What is in a directory, without "." and "..", in the order of the kernel. Nothing if it cannot be
+// What is in a directory, without "." and "..", in the order of the kernel. None if it cannot be
 // read.
-std::vector<std::string> namesIn(const std::string& directory);
+std::optional<std::vector<std::string>> namesIn(const std::string& directory);
 
 }  // namespace ovxid::cli
 

@@ -13,7 +13,7 @@ namespace {
 
 void remarkOnNameLike(const std::string& wanted, const std::string& directory,
                       const std::string& what, Remarks& remarks) {
-  std::vector<std::string> names = namesIn(directory);
+  std::vector<std::string> names = namesIn(directory).value_or(std::vector<std::string>());
   std::sort(names.begin(), names.end());
   const std::string similar = nearest(wanted, names);
   if (!similar.empty()) {

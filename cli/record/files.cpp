@@ -26,7 +26,8 @@ bool isDirectory(const std::string& path) {
   return stat(path.c_str(), &status) == 0 && S_ISDIR(status.st_mode);
 }
 
-// Copies files of the board. What may not be read is noted, so that it can be that there, too.
+// Copies files of the board. What may not be read is noted, and cannot be read when it is replayed,
+// either.
 class Copier {
  public:
   explicit Copier(const RecordingDirectory& directory) : mDirectory(directory) {}
@@ -39,7 +40,8 @@ class Copier {
   const std::string& unreadable() const { return mUnreadable; }
 
  private:
-  void directory(const std::string& from, const std::string& to);
+  // What is in it.
+  std::vector<std::string> directory(const std::string& from, const std::string& to);
 
   const RecordingDirectory& mDirectory;
   std::string mOrder;
@@ -64,16 +66,21 @@ void Copier::file(const std::string& from, const std::string& to) {
   }
 }
 
-void Copier::directory(const std::string& from, const std::string& to) {
+std::vector<std::string> Copier::directory(const std::string& from, const std::string& to) {
   mDirectory.directory(to);
-  if (access(from.c_str(), R_OK | X_OK) != 0) {
+  std::optional<std::vector<std::string>> names;
+  if (access(from.c_str(), R_OK | X_OK) == 0) {
+    names = namesIn(from);
+  }
+  if (!names) {
     mUnreadable += "unreadable=" + recording::escaped(to) + "\n";
   }
+  return names.value_or(std::vector<std::string>());
 }
 
 // In the order in which the library walks over it.
 void Copier::node(const std::string& from, const std::string& to) {
-  std::vector<std::string> rest{""};
+  std::vector<std::string> rest(1);
   while (!rest.empty()) {
     const std::string entry = rest.back();
     rest.pop_back();
@@ -84,8 +91,7 @@ void Copier::node(const std::string& from, const std::string& to) {
       file(from + entry, to + entry);
       continue;
     }
-    directory(from + entry, to + entry);
-    const std::vector<std::string> names = namesIn(from + entry);
+    const std::vector<std::string> names = directory(from + entry, to + entry);
     for (auto name = names.rbegin(); name != names.rend(); ++name) {
       rest.push_back(entry + "/" + *name);
     }

@@ -149,6 +149,13 @@ TEST_F(Record, NotesNodesThatMayNotBeRead) {
   EXPECT_TRUE(fs::is_empty(std::string(recording) + "/device-tree/closed"));
 }
 
+TEST_F(Record, NotesNodesOfWhichOnlyTheNamesMayBeRead) {
+  mBoard.property("closed/secret", "x").permissions(std::string(nodePath) + "/closed", 0400);
+  obeysModes();
+  EXPECT_THAT(recorded()["machine"], testing::EndsWith("\nunreadable=device-tree/closed\n"));
+  EXPECT_TRUE(fs::is_empty(std::string(recording) + "/device-tree/closed"));
+}
+
 TEST_F(Record, KeepsADirectoryInThePlaceOfAFile) {
   mBoard.directory(cataloguePath);
   recorded();
