@@ -24,7 +24,7 @@ std::string interfaceOf(const std::string& nameOrLabel) {
 // The other end of the cable, which has no address and so is in no list.
 std::string peerOf(std::size_t number) { return "ovxid-peer" + std::to_string(number); }
 
-// A tunnel has no MAC address, and no other interface can have none.
+// Only a tunnel can be without a MAC address.
 std::string linkCommand(const Address& entry, std::size_t number) {
   const std::string name = interfaceOf(entry.name);
   if (entry.mac == noMac) {
@@ -73,9 +73,10 @@ void requireList(const Recording& recording) {
 }
 
 std::string hintFor(std::string_view complaint) {
-  const bool hasNoVeth = complaint.find("Unknown device type") != std::string_view::npos ||
-                         complaint.find("not supported") != std::string_view::npos;
-  return hasNoVeth ? " (the kernel needs its module veth)" : "";
+  const bool lacksModule = complaint.find("Unknown device type") != std::string_view::npos ||
+                           complaint.find("/dev/net/tun") != std::string_view::npos ||
+                           complaint.find("not supported") != std::string_view::npos;
+  return lacksModule ? " (the kernel needs its modules veth and, for a tunnel, tun)" : "";
 }
 
 }  // namespace

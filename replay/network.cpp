@@ -52,7 +52,7 @@ std::string contentOf(int file) {
   return {text.data(), size < 0 ? 0 : static_cast<std::size_t>(size)};
 }
 
-// The ip of busybox, which small systems have, knows no batches.
+// The ip of busybox, which small systems have, knows no batches. A single change needs none.
 std::vector<std::string> argumentsFor(const std::vector<std::string>& commands) {
   if (commands.size() != 1) {
     return {"ip", "-batch", "-"};
@@ -77,6 +77,9 @@ std::vector<std::string> argumentsFor(const std::vector<std::string>& commands) 
 }  // namespace
 
 void changeNetwork(const std::vector<std::string>& commands) {
+  if (commands.empty()) {
+    return;
+  }
   std::string text;
   for (const std::string& command : commands) {
     text += command + "\n";
@@ -85,6 +88,7 @@ void changeNetwork(const std::vector<std::string>& commands) {
   const int complaints = fileOf("");
   std::vector<std::string> arguments = argumentsFor(commands);
   std::vector<char*> pointers;
+  pointers.reserve(arguments.size() + 1);
   for (std::string& argument : arguments) {
     pointers.push_back(argument.data());
   }
