@@ -209,5 +209,5 @@ make_replayer() {
 compose_tree() {
   dtc -qq -I dtb -O dts "$2" >"$3.base"
   printf '/include/ "%s"\n/include/ "%s"\n' "$3.base" "$PWD/$1" >"$3.source"
-  dtc -qq -I dts -O dtb -o "$3" "$3.source"
+  dtc -q -I dts -O dtb -o "$3" "$3.source"
 }
