@@ -137,10 +137,6 @@ void FrontEnd::isPosixlyCorrect() {
   mPreparations.emplace_back([] { setenv("POSIXLY_CORRECT", "1", 1); });
 }
 
-void FrontEnd::onAPc() {
-  mPreparations.emplace_back([] { require(personality(PER_LINUX), "be called by its own name"); });
-}
-
 void FrontEnd::kernelIs(const std::string& release, const std::string& machine) {
   mPreparations.emplace_back([release, machine] {
     setenv("LD_PRELOAD", OVXID_OTHER_KERNEL, 1);

@@ -39,7 +39,6 @@ class FrontEnd : public testing::Test {
   void isPosixlyCorrect();
   // Also root then reads only what the modes of files allow.
   void obeysModes();
-  void onAPc();
   // What uname(2) tells the front end and what it starts. With an empty machine it fails.
   void kernelIs(const std::string& release, const std::string& machine);
   // The system call fails with EPERM when this is the low half of its second argument.

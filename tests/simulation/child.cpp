@@ -74,7 +74,7 @@ int shellStatus(int status) {
 // A leak checker looks for its own process in /proc, and a replaced /proc has no new processes.
 void appearInReplacedProc() {
   const std::string process = std::to_string(getpid());
-  if (std::filesystem::exists("/proc/.kept")) {
+  if (std::filesystem::exists("/proc/.kept") && !std::filesystem::is_symlink("/proc/" + process)) {
     std::filesystem::create_symlink(".kept/" + process, "/proc/" + process);
   }
 }
