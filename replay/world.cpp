@@ -1,16 +1,12 @@
 #include "replay/world.h"
 
 #include <fcntl.h>
-#include <linux/capability.h>
 #include <sched.h>
 #include <sys/mount.h>
-#include <sys/syscall.h>
 #include <unistd.h>
 
 #include <algorithm>
-#include <array>
 #include <cerrno>
-#include <cstdint>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -107,22 +103,6 @@ void makeMountsPrivate() {
   close(root);
 }
 
-using Capabilities = std::array<__user_cap_data_struct, 2>;
-
-Capabilities capabilities() {
-  __user_cap_header_struct header{_LINUX_CAPABILITY_VERSION_3, 0};
-  Capabilities data{};
-  require(syscall(SYS_capget, &header, data.data()) == 0, "read the process's capabilities");
-  return data;
-}
-
-void setCapabilities(const Capabilities& data) {
-  __user_cap_header_struct header{_LINUX_CAPABILITY_VERSION_3, 0};
-  require(syscall(SYS_capset, &header, data.data()) == 0, "set the process's capabilities");
-}
-
-constexpr std::uint32_t passPermissions = 1U << CAP_DAC_OVERRIDE | 1U << CAP_DAC_READ_SEARCH;
-
 }  // namespace
 
 void takeOwnMounts(InNamespace user) {
@@ -152,7 +132,7 @@ ReplacedDirectory::ReplacedDirectory(std::string path) : mPath(std::move(path)) 
   close(kept);
 }
 
-// NOLINTNEXTLINE(bugprone-exception-escape): the next test must not see the changes of this one
+// NOLINTNEXTLINE(bugprone-exception-escape): nobody may go on with half of the real directory
 ReplacedDirectory::~ReplacedDirectory() {
   require(umount2(mPath.c_str(), MNT_DETACH) == 0, "give back " + mPath);
 }
@@ -174,17 +154,4 @@ void ReplacedDirectory::keepAllBut(const std::set<std::string>& entries) {
       keep(name);
     }
   }
-}
-
-DroppedPrivileges::DroppedPrivileges() {
-  Capabilities data = capabilities();
-  data[0].effective &= ~passPermissions;
-  setCapabilities(data);
-}
-
-// NOLINTNEXTLINE(bugprone-exception-escape): no test may run without these rights
-DroppedPrivileges::~DroppedPrivileges() {
-  Capabilities data = capabilities();
-  data[0].effective |= passPermissions;
-  setCapabilities(data);
 }

@@ -21,7 +21,7 @@ void enterEmptyNetwork();
 class ReplacedDirectory {
  public:
   explicit ReplacedDirectory(std::string path);
-  // NOLINTNEXTLINE(bugprone-exception-escape): the next test must not see the changes of this one
+  // NOLINTNEXTLINE(bugprone-exception-escape): nobody may go on with half of the real directory
   ~ReplacedDirectory();
   ReplacedDirectory(const ReplacedDirectory&) = delete;
   ReplacedDirectory& operator=(const ReplacedDirectory&) = delete;
@@ -32,16 +32,6 @@ class ReplacedDirectory {
 
  private:
   std::string mPath;
-};
-
-// While this object lives, file permissions hold for root too.
-class DroppedPrivileges {
- public:
-  DroppedPrivileges();
-  // NOLINTNEXTLINE(bugprone-exception-escape): no test may run without these rights
-  ~DroppedPrivileges();
-  DroppedPrivileges(const DroppedPrivileges&) = delete;
-  DroppedPrivileges& operator=(const DroppedPrivileges&) = delete;
 };
 
 #endif

@@ -5,6 +5,7 @@
 #include "catalogue/builtin_messages.h"
 #include "simulation/board.h"
 #include "simulation/descriptors.h"
+#include "simulation/privileges.h"
 
 using log4cpp::Priority;
 

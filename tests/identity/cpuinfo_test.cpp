@@ -6,6 +6,7 @@
 #include "identity/determination_messages.h"
 #include "simulation/board.h"
 #include "simulation/descriptors.h"
+#include "simulation/privileges.h"
 
 namespace {
 

@@ -6,6 +6,7 @@
 #include "simulation/board.h"
 #include "simulation/descriptors.h"
 #include "simulation/locale.h"
+#include "simulation/privileges.h"
 
 namespace {
 
