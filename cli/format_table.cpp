@@ -13,7 +13,7 @@ Write json, null, plain, prometheus, shell, systemd;
 
 namespace {
 
-constexpr Format table[] = {
+constexpr Format formats[] = {
     {"plain", "NAME=VALUE lines, the list byte for byte", false, format::plain},
     {"json", "the identity, the list and the environment as one JSON object", true, format::json},
     {"shell", "the environment as commands that a shell can eval", false, format::shell},
@@ -24,8 +24,8 @@ constexpr Format table[] = {
 
 }  // namespace
 
-const Format* FormatTable::begin() const { return std::begin(table); }
-const Format* FormatTable::end() const { return std::end(table); }
+const Format* FormatTable::begin() const { return std::begin(formats); }
+const Format* FormatTable::end() const { return std::end(formats); }
 
 const Format& formatNamed(std::string_view name) {
   return named(formatTable, name, "format", "ovxid help list");

@@ -17,14 +17,14 @@ namespace ovxid::cli {
 namespace {
 
 // A text of fixed size, since nothing can be composed without memory.
-constexpr std::string_view outOfMemory = "ovxid: memory: Cannot allocate memory\n";
+constexpr std::string_view memoryComplaint = "ovxid: memory: Cannot allocate memory\n";
 
 // GCOVR_EXCL_START: gcc does not write its counts when a process ends like this
 // The destructors of the JSON library take memory. Where there is none, they end the process.
 [[noreturn]] void complainAndEnd() {
   const std::type_info* const exception = abi::__cxa_current_exception_type();
   const std::string_view line = exception != nullptr && *exception == typeid(std::bad_alloc)
-                                    ? outOfMemory
+                                    ? memoryComplaint
                                     : "ovxid: internal error: the process was ended\n";
   [[maybe_unused]] const ssize_t count = write(STDERR_FILENO, line.data(), line.size());
   std::_Exit(exit_status::ownFailure.value);
@@ -43,7 +43,7 @@ int main(int argc, char** argv) {
   try {
     return ovxid::cli::perform(argc, argv);
   } catch (const std::bad_alloc&) {  // GCOVR_EXCL_BR_LINE: nothing else is thrown
-    std::cerr << ovxid::cli::outOfMemory;
+    std::cerr << ovxid::cli::memoryComplaint;
     return ownFailure.value;
   } catch (const std::exception& error) {
     complain("internal error", error.what());

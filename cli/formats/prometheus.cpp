@@ -9,7 +9,7 @@ namespace ovxid::cli::format {
 
 namespace {
 
-std::string quoted(const std::string& value) {
+std::string quotedLabel(const std::string& value) {
   std::string text = "\"";
   for (const char byte : value) {
     if (byte == '"' || byte == '\\' || byte == '\n') {
@@ -30,7 +30,7 @@ std::string boardInfo(Board& board) {
   if (!isUtf8(name)) {
     name = visible(name);
   }
-  return "ovxid_board_info{name=" + quoted(name) + ",number=\"" + std::to_string(board.number()) +
+  return "ovxid_board_info{name=" + quotedLabel(name) + ",number=\"" + std::to_string(board.number()) +
          "\",source=\"" + (source ? nameOf(*source) : "") + "\"} 1\n";
 }
 
@@ -43,8 +43,8 @@ std::string prometheus(Board& board) {
                      metric("ovxid_parameter_info", "The board parameters that are text.");
   for (const ovx_param& variable : environment(parameters(board.identifier()))) {
     if (isUtf8(variable.name) && isUtf8(variable.value)) {
-      text += "ovxid_parameter_info{name=" + quoted(variable.name) +
-              ",value=" + quoted(variable.value) + "} 1\n";
+      text += "ovxid_parameter_info{name=" + quotedLabel(variable.name) +
+              ",value=" + quotedLabel(variable.value) + "} 1\n";
     }
   }
   return text;

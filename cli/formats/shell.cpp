@@ -9,7 +9,7 @@ namespace ovxid::cli::format {
 namespace {
 
 // Between single quotes a shell changes nothing, but a single quote ends them.
-std::string quoted(const std::string& value) {
+std::string quotedWord(const std::string& value) {
   std::string text = "'";
   for (const char byte : value) {
     if (byte == '\'') {
@@ -27,7 +27,7 @@ std::string shell(Board& board) {
   std::string text;
   for (const ovx_param& variable : environment(parameters(board.identifier()))) {
     if (isShellName(variable.name)) {
-      text += "export " + variable.name + "=" + quoted(variable.value) + "\n";
+      text += "export " + variable.name + "=" + quotedWord(variable.value) + "\n";
     } else {
       text += leftOut(variable.name, "no shell has a variable of this name");
     }

@@ -16,7 +16,7 @@ namespace {
 bool isTaken(const std::string& value) { return isUtf8(value) && !hasNoncharacter(value); }
 
 // Between double quotes, a backslash makes these stand for themselves.
-std::string quoted(const std::string& value) {
+std::string quotedAssignment(const std::string& value) {
   std::string text = "\"";
   for (const char byte : value) {
     if (std::string_view("\"\\`$").find(byte) != std::string_view::npos) {
@@ -37,7 +37,7 @@ std::string systemd(Board& board) {
     } else if (!isTaken(variable.value)) {
       text += leftOut(variable.name, "systemd takes no value with these bytes");
     } else {
-      text += variable.name + "=" + quoted(variable.value) + "\n";
+      text += variable.name + "=" + quotedAssignment(variable.value) + "\n";
     }
   }
   return text;
