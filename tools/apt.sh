@@ -56,10 +56,32 @@ apt_get() {
     apt-get --quiet --option DPkg::Lock::Timeout=600 --option Acquire::Retries=3 "$@"
 }
 
+# announce PACKAGE...: says what apt will install for these, and how much that is. It changes nothing, so
+# that it needs neither root nor apt's locks.
+announce() {
+  local plan
+  plan=$(LC_ALL=C apt-get --option Debug::NoLocking=1 --no-install-recommends --assume-no install "$@" 2>/dev/null) || true
+  echo "Missing: $*." >&2
+  sed -En 's/.* ([0-9]+) newly installed.*/apt will install \1 packages:/p
+    s/^Need to get (.*) of archives.*/\1 to download,/p
+    s/^After this operation, (.*) of additional disk space.*/\1 on the disk./p' <<<"$plan" | paste -sd ' ' >&2
+}
+
+install_from_index() {
+  announce "$@"
+  apt_get install --yes --no-install-recommends "$@"
+}
+
 # A failed update is no reason to stop: the packages may come from an index that was not affected.
 refresh_and_install() {
   apt_get update || true
-  apt_get install --yes --no-install-recommends "$@"
+  install_from_index "$@"
+}
+
+# Each update gives this folder a new date. It knows no architecture that was added later.
+has_recent_index() {
+  [[ -n $(find /var/lib/apt/lists/partial -maxdepth 0 -mmin -60 2>/dev/null) ]] &&
+    [[ ! /var/lib/dpkg/arch -nt /var/lib/apt/lists/partial ]]
 }
 
 # Messages of apt after which trying again may help: the mirror is being updated, so that its index and
@@ -110,9 +132,10 @@ install_packages() {
     echo "Root or sudo is needed to install these packages: ${missing[*]}" >&2
     return 1
   fi
-  echo "Installing ${missing[*]}" >&2
   for package in "${missing[@]}"; do
     [[ $package != *:* ]] || add_architecture "${package#*:}"
   done
-  try_again refresh_and_install "${missing[@]}"
+  if ! has_recent_index || ! install_from_index "${missing[@]}"; then
+    try_again refresh_and_install "${missing[@]}"
+  fi
 }
