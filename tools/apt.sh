@@ -10,7 +10,7 @@
   packages_docs=(doxygen)
   packages_coverage=(gcovr)
   packages_bench=(libbenchmark-dev valgrind)
-  packages_package=(build-essential debhelper dpkg-dev git lintian)
+  packages_package=(build-essential debhelper dpkg-dev lintian)
   packages_abi=(binutils pahole)
   packages_board=(iproute2 device-tree-compiler cpio kmod pkgconf)
   packages_install_test=(autopkgtest debootstrap debian-archive-keyring zstd)
