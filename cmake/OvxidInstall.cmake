@@ -2,16 +2,24 @@
 # `replay` what is for other machines.
 include(CMakePackageConfigHelpers)
 
+set(ovxid_manuals "${PROJECT_BINARY_DIR}/manuals")
+file(GLOB ovxid_pages CONFIGURE_DEPENDS man/*)
+foreach(page ${ovxid_pages})
+  cmake_path(GET page FILENAME name)
+  configure_file("${page}" "${ovxid_manuals}/${name}" @ONLY)
+endforeach()
+
 set(ovxid_cmake_dir "${CMAKE_INSTALL_LIBDIR}/cmake/ovxid")
 
 install(TARGETS ovxid EXPORT ovxid
   LIBRARY COMPONENT runtime NAMELINK_COMPONENT development)
 if(OVXID_BUILD_CLI)
   install(TARGETS ovxid_cli RUNTIME COMPONENT runtime)
-  install(FILES man/ovxid.1 DESTINATION "${CMAKE_INSTALL_MANDIR}/man1" COMPONENT runtime)
+  install(FILES "${ovxid_manuals}/ovxid.1" DESTINATION "${CMAKE_INSTALL_MANDIR}/man1" COMPONENT runtime)
   install(FILES cli/formats/ovxid.schema.json
     DESTINATION "${CMAKE_INSTALL_DATADIR}/ovxid" COMPONENT runtime)
-  install(FILES man/ovxid.service.8 DESTINATION "${CMAKE_INSTALL_MANDIR}/man8" COMPONENT runtime)
+  install(FILES "${ovxid_manuals}/ovxid.service.8"
+    DESTINATION "${CMAKE_INSTALL_MANDIR}/man8" COMPONENT runtime)
   # A unit names its program by the absolute path, which is known when it is installed.
   install(CODE "
     set(ovxid_program \"${CMAKE_INSTALL_BINDIR}/$<TARGET_FILE_NAME:ovxid_cli>\")
@@ -30,10 +38,13 @@ if(OVXID_BUILD_CLI)
 endif()
 if(OVXID_BUILD_REPLAY)
   install(TARGETS ovxid_replay RUNTIME COMPONENT replay)
-  install(FILES man/ovxid-replay.1 DESTINATION "${CMAKE_INSTALL_MANDIR}/man1" COMPONENT replay)
+  install(FILES "${ovxid_manuals}/ovxid-replay.1"
+    DESTINATION "${CMAKE_INSTALL_MANDIR}/man1" COMPONENT replay)
 endif()
-install(FILES man/known_ovx_ids.5 DESTINATION "${CMAKE_INSTALL_MANDIR}/man5" COMPONENT runtime)
-install(FILES man/libovxid.3 DESTINATION "${CMAKE_INSTALL_MANDIR}/man3" COMPONENT development)
+install(FILES "${ovxid_manuals}/known_ovx_ids.5"
+  DESTINATION "${CMAKE_INSTALL_MANDIR}/man5" COMPONENT runtime)
+install(FILES "${ovxid_manuals}/libovxid.3"
+  DESTINATION "${CMAKE_INSTALL_MANDIR}/man3" COMPONENT development)
 
 install(DIRECTORY include/
   DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}" COMPONENT development)
