@@ -1,0 +1,177 @@
+#include <gtest/gtest.h>
+#include <linux/sockios.h>
+#include <sys/socket.h>
+#include <sys/syscall.h>
+#include <sys/un.h>
+#include <unistd.h>
+
+#include "cli/explanation.h"
+
+// What is remarked on parameters.
+
+namespace {
+
+class ExplainParameters : public ExplainKestrel {};
+
+TEST_F(ExplainParameters, SaysNothingOfPropertiesThatProgramsSeeAsTheyAre) {
+  mBoard.interface("eth0", "02:42:ac:11:00:02").property("wan", bytes("eth0\0"));
+  mBoard.property("site", "north gate").property("card@1/relay/label", bytes("left\0"));
+  mBoard.property("card@1/rev", "B\n").property("flag", "").property("note", bytes("new\n\0"));
+  EXPECT_EQ(explain(), mReport.remarkingNothing());
+}
+
+// The kernel gives each node a file of this name, which is no property of it.
+TEST_F(ExplainParameters, OverlooksTheNamesOfNodes) {
+  mBoard.property("name", "or\nvanix").property("radio/name", "radio").property("radio/band", "5");
+  EXPECT_EQ(explain(), mReport.remarkingNothing());
+}
+
+TEST_F(ExplainParameters, OverlooksLinksThatLeadNowhere) {
+  mBoard.link("a-link", "/nowhere").link("id", "/nowhere");
+  EXPECT_EQ(explain(), mReport.remarkingNothing());
+}
+
+TEST_F(ExplainParameters, TellsOfANodeThatCannotBeRead) {
+  mBoard.property("a-node/key", "x").permissions("/proc/device-tree/orvanix/a-node", 0);
+  obeysModes();
+  EXPECT_EQ(explain(), mReport.remarking({"'/proc/device-tree/orvanix/a-node' cannot be read: what "
+                                          "is in it gives no parameters."}));
+}
+
+TEST_F(ExplainParameters, TellsOfAPropertyThatCannotBeRead) {
+  // Not even root opens a socket.
+  const sockaddr_un secret{AF_UNIX, "/proc/device-tree/orvanix/secret"};
+  const int bound = socket(AF_UNIX, SOCK_DGRAM, 0);
+  ASSERT_EQ(bind(bound, reinterpret_cast<const sockaddr*>(&secret), sizeof secret), 0);
+  EXPECT_EQ(explain(), mReport.remarking({"The property 'secret' cannot be read (No such device or "
+                                          "address): 'OVX_SECRET' is empty."}));
+  close(bound);
+}
+
+TEST_F(ExplainParameters, TellsOfPropertiesThatAreCutAtANewline) {
+  mBoard.property("card@1/notice", "first\nsecond").property("text", "\nx");
+  mBoard.property("slots", bytes("\0\0\0\n")).property("mask", bytes("\n\0\0\0"));
+  EXPECT_EQ(
+      explain(),
+      mReport.remarking(
+          {"The property 'mask' is cut at its newline: 'OVX_MASK' is ''.",
+           "The property 'card@1/notice' is cut at its newline: 'OVX_NOTICE' is 'first'.",
+           "The property 'slots' is cut at its newline: 'OVX_SLOTS' is '\\0\\0\\0'.",
+           "The property 'text' is cut at its newline: 'OVX_TEXT' is ''.",
+           "Of cells and of lists of texts, programs see only what stands before the first NUL "
+           "byte: 'OVX_SLOTS'."}));
+}
+
+TEST_F(ExplainParameters, TellsOfValuesThatProgramsSeeInPart) {
+  mBoard.property("gates", bytes("north\0south\0"))
+      .property("card/gates", bytes("east\0west\0"))
+      .property("speed", bytes("\0\0\0\0"))
+      .property("site", bytes("hall\0\0"))
+      .property("room", "7")
+      .property("none", bytes("\0"));
+  mBoard.remove("/proc/device-tree/orvanix/card");
+  EXPECT_EQ(explain(),
+            mReport.remarking({"Of cells and of lists of texts, programs see only what stands "
+                               "before the first NUL byte: 'OVX_GATES' and 'OVX_SPEED'."}));
+}
+
+TEST_F(ExplainParameters, TellsOfAVariableThatIsSeenInPartOnce) {
+  mBoard.property("a/gates", bytes("north\0south\0")).property("b/gates", bytes("north\0west\0"));
+  EXPECT_EQ(explain(),
+            mReport.remarking(
+                {"Programs see one 'OVX_GATES', 'north': it is set by 'a/gates' and 'b/gates'.",
+                 "Of cells and of lists of texts, programs see only what stands before the first "
+                 "NUL byte: 'OVX_GATES'."}));
+}
+
+TEST_F(ExplainParameters, TellsOfPropertiesThatOverwriteTheIdentity) {
+  mBoard.property("id", "7").property("desc", "x");
+  EXPECT_EQ(explain(),
+            mReport.remarking(
+                {"Programs see one 'OVX_DESC', 'x': it is set by the identity and by 'desc'.",
+                 "Programs see one 'OVX_ID', '7': it is set by the identity and by 'id'."}));
+}
+
+TEST_F(ExplainNode, TellsOfAPropertyThatOverwritesTheNumberZero) {
+  identify("0", "0");
+  mBoard.property("id", "7");
+  EXPECT_EQ(explain(), mReport.remarking({"Programs see one 'OVX_ID', '7': it is set by the "
+                                          "identity and by 'id'."}));
+}
+
+TEST_F(ExplainParameters, TellsOfPropertiesThatOverwriteEachOther) {
+  mBoard.property("a/label", "x").property("b/label", "x").property("c/LABEL", "x");
+  mBoard.property("a/serial", "y").property("serial", "y");
+  EXPECT_EQ(explain(),
+            mReport.remarking(
+                {"Programs see one 'OVX_LABEL', 'x': it is set by 'a/label', 'b/label' and "
+                 "'c/LABEL'.",
+                 "Programs see one 'OVX_SERIAL', 'y': it is set by 'a/serial' and 'serial'."}));
+}
+
+TEST_F(ExplainParameters, TellsThatANameHasAnEqualsSign) {
+  mBoard.property("a=b", "x").property("c/a=b", "x");
+  EXPECT_EQ(explain(),
+            mReport.remarking({"No program sees a variable named 'OVX_A=B', which has a '='."}));
+}
+
+TEST_F(ExplainParameters, TellsOfNamesThatNoShellHas) {
+  mBoard.property("#cells", "x")
+      .property("gpio{1}", "x")
+      .property("a.b", "x")
+      .property("ok_1", "x");
+  EXPECT_EQ(explain(),
+            mReport.remarking({"Shells cannot have variables named 'OVX_#CELLS', 'OVX_A.B' and "
+                               "'OVX_GPIO{1}'."}));
+}
+
+TEST_F(ExplainParameters, TellsOfAPropertyThatIsCalledLikeAParameter) {
+  mBoard.property("ovx_site", "hall").property("ovx-name", "x");
+  EXPECT_EQ(explain(), mReport.remarking({"The property 'ovx_site' becomes 'OVX_OVX_SITE': leave "
+                                          "out what stands before its name.",
+                                          "Shells cannot have variables named 'OVX_OVX-NAME'."}));
+}
+
+TEST_F(ExplainParameters, TellsOfAPropertyThatTheAddressOverwrites) {
+  mBoard.interface("eth0", "02:42:ac:11:00:02").property("wan", "eth0").property("wan_id", "x");
+  EXPECT_EQ(explain(), mReport.remarking(
+                           {"The property 'wan_id' is overwritten by the MAC address of 'eth0'."}));
+}
+
+TEST_F(ExplainParameters, TellsThatThereIsNoAddressToOverwriteAProperty) {
+  mBoard.property("wan", "eth9").property("wan_id", "x");
+  EXPECT_EQ(explain(), mReport.remarking({"The WAN interface 'eth9': No such device."}));
+}
+
+TEST_F(ExplainParameters, TellsThatTheWanNamesNoInterface) {
+  mBoard.property("wan", bytes("\0"));
+  EXPECT_EQ(explain(), mReport.remarking({"OVX_WAN names no interface. There is no OVX_WAN_ID."}));
+}
+
+TEST_F(ExplainParameters, TellsThatTheWanInterfaceIsNotThere) {
+  mBoard.property("wan", bytes("eth9\0"));
+  EXPECT_EQ(explain(), mReport.remarking(
+                           {"The WAN interface 'eth9': No such device. There is no OVX_WAN_ID."}));
+}
+
+TEST_F(ExplainParameters, TellsWhyTheKernelDoesNotGiveTheAddress) {
+  mBoard.interface("eth0", "02:42:ac:11:00:02").property("wan", bytes("eth0\0"));
+  kernelRefuses(SYS_ioctl, SIOCGIFHWADDR);
+  EXPECT_EQ(explain(),
+            mReport.remarking({"The WAN interface 'eth0': Operation not permitted. There is no "
+                               "OVX_WAN_ID."}));
+}
+
+TEST_F(ExplainParameters, KnowsTheLongestNameOfAnInterface) {
+  mBoard.property("wan", bytes("interface-15byt\0"));
+  EXPECT_EQ(explain(), mReport.remarking({"The WAN interface 'interface-15byt': No such device. "
+                                          "There is no OVX_WAN_ID."}));
+}
+
+TEST_F(ExplainParameters, TellsThatTheNameOfTheWanInterfaceIsTooLong) {
+  mBoard.property("wan", "interface-16byte");
+  EXPECT_EQ(explain(), mReport.remarking({"The WAN interface 'interface-16byte' has more than 15 "
+                                          "bytes: collecting the parameters aborts."}));
+}
+
+}  // namespace
