@@ -104,9 +104,6 @@ Remarks remarksOnNode(const Evidence& evidence) {
   } else if (!evidence.decidedBy && evidence.hasNode) {
     remarks.emplace_back("The node /orvanix has no boardid.");
   }
-  if (evidence.decidedBy && evidence.board.number() < 0) {
-    remarks.emplace_back("With a number below 0, there is no OVX_ID and no OVX_DESC.");
-  }
   return remarks;
 }
 

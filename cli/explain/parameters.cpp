@@ -10,6 +10,7 @@
 #include <cstring>
 #include <map>
 #include <new>
+#include <optional>
 #include <set>
 #include <utility>
 
@@ -27,6 +28,8 @@ namespace {
 using Properties = std::map<std::string, std::vector<std::string>>;
 
 struct Node {
+  // Whether there is one. The library searches for an interface where its walk fails.
+  bool isWalked = false;
   Properties properties;
   // What may not be read.
   std::vector<std::string> closed;
@@ -72,6 +75,7 @@ Node readNode() {
   if (result == outOfMemory) {  // GCOVR_EXCL_BR_LINE: see above
     throw std::bad_alloc();     // GCOVR_EXCL_LINE
   }
+  walked.isWalked = result == 0;
   for (auto& [variable, paths] : walked.properties) {
     std::sort(paths.begin(), paths.end());
   }
@@ -130,14 +134,33 @@ Values valuesOf(const std::vector<ovx_param>& list) {
 void remarkOnOverwriting(const Evidence& evidence, const Properties& properties, Values& values,
                          Remarks& remarks) {
   for (const auto& [variable, paths] : properties) {
-    const bool ofIdentity =
-        (variable == "OVX_ID" || variable == "OVX_DESC") && evidence.board.number() >= 0;
-    const bool isSeen = values.count(variable) != 0 && variable != "OVX_WAN_ID";
-    if ((paths.size() > 1 || ofIdentity) && isSeen) {
-      remarks.push_back("Programs see one " + shown(variable) + ", " + shown(values[variable]) +
-                        ": it is set by " + (ofIdentity ? "the identity and by " : "") +
-                        joined(paths) + ".");
+    const bool isIdentity = variable == "OVX_ID" || variable == "OVX_DESC";
+    if (values.count(variable) == 0 || (paths.size() == 1 && !isIdentity)) {
+      continue;
     }
+    const std::string seen = shown(variable) + ", " + shown(values[variable]);
+    if (isIdentity && evidence.board.number() < 0) {
+      remarks.push_back("Programs see " + seen + ", which is set by " + joined(paths) +
+                        ", not by the identity.");
+    } else {
+      remarks.push_back("Programs see one " + seen + ": it is set by " +
+                        (isIdentity ? "the identity and by " : "") + joined(paths) + ".");
+    }
+  }
+}
+
+void remarkOnMissingIdentity(const Evidence& evidence, const Values& values, Remarks& remarks) {
+  if (!evidence.decidedBy || evidence.board.number() >= 0) {
+    return;
+  }
+  std::string missing;
+  for (const char* const variable : {"OVX_ID", "OVX_DESC"}) {
+    if (values.count(variable) == 0) {
+      missing += (missing.empty() ? "no " : " and no ") + std::string(variable);
+    }
+  }
+  if (!missing.empty()) {
+    remarks.push_back("With a number below 0, there is " + missing + ".");
   }
 }
 
@@ -193,30 +216,59 @@ int errorOfInterface(const std::string& name) {
   return error;
 }
 
-// The address is that of the first OVX_WAN of the list, where programs see the last one.
-void remarkOnWan(const std::vector<ovx_param>& list, const Properties& properties,
-                 Remarks& remarks) {
-  const auto wan = std::find_if(list.begin(), list.end(),
-                                [](const ovx_param& each) { return each.name == "OVX_WAN"; });
-  if (wan == list.end()) {
+// The interface of which the address is asked, which the first OVX_WAN of the list names.
+struct Wan {
+  std::optional<std::string> interface;
+  // Why there is no address; 0 if there is one.
+  int error;
+};
+
+Wan wanOf(const std::vector<ovx_param>& list) {
+  const auto first = std::find_if(list.begin(), list.end(),
+                                  [](const ovx_param& each) { return each.name == "OVX_WAN"; });
+  if (first == list.end()) {
+    return {std::nullopt, ENOENT};
+  }
+  const std::string interface = first->value.substr(0, first->value.find('\0'));
+  return {interface, interface.size() < IFNAMSIZ ? errorOfInterface(interface) : ENAMETOOLONG};
+}
+
+// Only with the number of a PC an interface is searched for, and only without a node.
+void remarkOnMissingWan(const Evidence& evidence, const Node& node, Remarks& remarks) {
+  if (evidence.board.number() != pcNumber) {
     return;
   }
-  const std::string interface = wan->value.substr(0, wan->value.find('\0'));
-  const bool isProperty = properties.count("OVX_WAN_ID") != 0;
-  if (interface.size() >= IFNAMSIZ) {
-    remarks.push_back("The WAN interface " + shown(interface) +
+  remarks.emplace_back(
+      node.isWalked
+          ? "The node /orvanix has no property 'wan': there is no OVX_WAN, and no interface "
+            "is searched for."
+          : "No interface with an IPv4 address was found besides lo: there is no OVX_WAN.");
+}
+
+// Programs see the last OVX_WAN of the list.
+void remarkOnWan(const Wan& wan, const Node& node, const std::string& seen, Remarks& remarks) {
+  const std::string interface = shown(*wan.interface);
+  const bool isSeen = *wan.interface == seen;
+  const bool isProperty = node.properties.count("OVX_WAN_ID") != 0;
+  const std::string noAddress = isProperty ? "." : ". There is no OVX_WAN_ID.";
+  if (wan.error == ENAMETOOLONG) {
+    remarks.push_back("The WAN interface " + interface +
                       " has more than 15 bytes: collecting the parameters aborts.");
-  } else if (interface.empty()) {
-    remarks.emplace_back("OVX_WAN names no interface. There is no OVX_WAN_ID.");
-  } else if (const int error = errorOfInterface(interface)) {
-    remarks.push_back("The WAN interface " + shown(interface) + ": " + std::strerror(error) +
-                      (isProperty ? "." : ". There is no OVX_WAN_ID."));
+    return;
+  }
+  if (wan.interface->empty()) {
+    remarks.push_back((isSeen ? "OVX_WAN" : "The first OVX_WAN") +
+                      std::string(" names no interface") + noAddress);
+  } else if (wan.error != 0) {
+    remarks.push_back("The WAN interface " + interface + ": " + std::strerror(wan.error) +
+                      noAddress);
   } else if (isProperty) {
-    remarks.push_back("The property 'wan_id' is overwritten by the MAC address of " +
-                      shown(interface) + ".");
-  } else if (interface != valuesOf(list)["OVX_WAN"]) {
-    remarks.push_back("OVX_WAN_ID is the MAC address of " + shown(interface) +
-                      ", which is not the interface that programs see.");
+    remarks.push_back("The property 'wan_id' is overwritten by the MAC address of " + interface +
+                      ".");
+  }
+  if (!isSeen) {
+    remarks.push_back("The MAC address is asked of the first OVX_WAN of the list, " + interface +
+                      ", but programs see " + shown(seen) + ".");
   }
 }
 
@@ -240,17 +292,26 @@ Remarks remarksOnParameters(const Evidence& evidence) {
   Remarks remarks;
   const Node node = readNode();
   const std::vector<ovx_param> list = listBeforeAddress(evidence.board);
+  const Wan wan = wanOf(list);
+  Values values = valuesOf(list);
+  if (wan.error == 0) {
+    values.erase("OVX_WAN_ID");
+  }
+  remarkOnMissingIdentity(evidence, values, remarks);
   for (const auto& [variable, paths] : node.properties) {
     for (const std::string& path : paths) {
       remarkOnReading(variable, path, remarks);
     }
   }
   remarkOnClosedNodes(node, remarks);
-  Values values = valuesOf(list);
   remarkOnOverwriting(evidence, node.properties, values, remarks);
   remarkOnNuls(list, remarks);
   remarkOnNames(node.properties, remarks);
-  remarkOnWan(list, node.properties, remarks);
+  if (wan.interface) {
+    remarkOnWan(wan, node, values["OVX_WAN"], remarks);
+  } else {
+    remarkOnMissingWan(evidence, node, remarks);
+  }
   return remarks;
 }
 

@@ -116,7 +116,12 @@ INSTANTIATE_TEST_SUITE_P(
                     {"The boardid is out of range. The number is 2147483647."}},
         BoardidCase{"Hexadecimal", bytes("0x11\0"), "0", {further + std::string("0.")}},
         BoardidCase{"AList", bytes("12\0rev\0"), "12", {further + std::string("12.")}},
-        BoardidCase{"APc", "64", "64", {"The boardid is 64, the number that means a PC."}},
+        BoardidCase{"APc",
+                    "64",
+                    "64",
+                    {"The boardid is 64, the number that means a PC.",
+                     "The node /orvanix has no property 'wan': there is no OVX_WAN, and no "
+                     "interface is searched for."}},
         BoardidCase{"ACell",
                     bytes("\0\0\0\x0c"),
                     "0",

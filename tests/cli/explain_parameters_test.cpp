@@ -99,6 +99,28 @@ TEST_F(ExplainNode, TellsOfAPropertyThatOverwritesTheNumberZero) {
                                           "identity and by 'id'."}));
 }
 
+TEST_F(ExplainNode, TellsWhatANegativeNumberLeavesOut) {
+  identify("-12", "-12");
+  mBoard.property("desc", "x");
+  EXPECT_EQ(explain(), mReport.remarking({"With a number below 0, there is no OVX_ID.",
+                                          "Programs see 'OVX_DESC', 'x', which is set by 'desc', "
+                                          "not by the identity."}));
+  mBoard.remove("/proc/device-tree/orvanix/desc").property("id", "7");
+  EXPECT_EQ(explain(), mReport.remarking({"With a number below 0, there is no OVX_DESC.",
+                                          "Programs see 'OVX_ID', '7', which is set by 'id', not "
+                                          "by the identity."}));
+}
+
+TEST_F(Explain, TellsOfPropertiesThatStandInForTheIdentity) {
+  mBoard.property("a/id", "7").property("b/id", "7").property("desc", "x");
+  EXPECT_EQ(explain(),
+            mReport.remarking({"The node /orvanix has no boardid.",
+                               "Programs see 'OVX_DESC', 'x', which is set by 'desc', not by the "
+                               "identity.",
+                               "Programs see 'OVX_ID', '7', which is set by 'a/id' and 'b/id', not "
+                               "by the identity."}));
+}
+
 TEST_F(ExplainParameters, TellsOfPropertiesThatOverwriteEachOther) {
   mBoard.property("a/label", "x").property("b/label", "x").property("c/LABEL", "x");
   mBoard.property("a/serial", "y").property("serial", "y");
@@ -143,6 +165,19 @@ TEST_F(ExplainParameters, TellsThatThereIsNoAddressToOverwriteAProperty) {
   EXPECT_EQ(explain(), mReport.remarking({"The WAN interface 'eth9': No such device."}));
 }
 
+TEST_F(ExplainParameters, TellsOfSeveralPropertiesThatNoAddressOverwrites) {
+  mBoard.property("a/wan_id", "x").property("b/wan_id", "x");
+  EXPECT_EQ(explain(), mReport.remarking({"Programs see one 'OVX_WAN_ID', 'x': it is set by "
+                                          "'a/wan_id' and 'b/wan_id'."}));
+}
+
+TEST_F(ExplainParameters, TellsOfSeveralPropertiesThatTheAddressOverwritesOnce) {
+  mBoard.interface("eth0", "02:42:ac:11:00:02").property("wan", "eth0");
+  mBoard.property("a/wan_id", "x").property("b/wan_id", "x");
+  EXPECT_EQ(explain(), mReport.remarking(
+                           {"The property 'wan_id' is overwritten by the MAC address of 'eth0'."}));
+}
+
 TEST_F(ExplainParameters, TellsThatTheWanNamesNoInterface) {
   mBoard.property("wan", bytes("\0"));
   EXPECT_EQ(explain(), mReport.remarking({"OVX_WAN names no interface. There is no OVX_WAN_ID."}));
@@ -173,5 +208,110 @@ TEST_F(ExplainParameters, TellsThatTheNameOfTheWanInterfaceIsTooLong) {
   EXPECT_EQ(explain(), mReport.remarking({"The WAN interface 'interface-16byte' has more than 15 "
                                           "bytes: collecting the parameters aborts."}));
 }
+
+constexpr const char* noneFound =
+    "No interface with an IPv4 address was found besides lo: there is no OVX_WAN.";
+constexpr const char* noneSearched =
+    "The node /orvanix has no property 'wan': there is no OVX_WAN, and no interface is searched "
+    "for.";
+
+TEST_F(Explain, TellsThatNoInterfaceOfAPcHasAnAddress) {
+  kernelIs("6.1.55", "x86_64");
+  mBoard.address("lo", "127.0.0.1").interface("eth0", "02:42:ac:11:00:02");
+  mReport.says("machine", "x86_64: a PC")
+      .identifiedBy("machine", "'x86_64 PC', number 64: the machine is x86_64.");
+  EXPECT_EQ(explain(), mReport.remarking({noneFound}));
+}
+
+TEST_F(Explain, TellsThatAPcWithANodeHasNoWanInterface) {
+  kernelIs("6.1.55", "x86_64");
+  mBoard.property("site", "hall").interface("eth0", "02:42:ac:11:00:02");
+  mBoard.address("eth0", "192.168.7.2");
+  mReport.says("machine", "x86_64: a PC")
+      .identifiedBy("machine", "'x86_64 PC', number 64: the machine is x86_64.");
+  EXPECT_EQ(explain(), mReport.remarking({noneSearched}));
+}
+
+TEST_F(Explain, TellsThatNoInterfaceOfABoardWithTheNumberOfAPcHasAnAddress) {
+  mBoard.cpuinfo("Hardware: Kestrel\n").catalogue("Kestrel:64\n");
+  mReport.says("cpuinfo", "Hardware 'Kestrel' is the name of the board in line 1")
+      .says("catalogue", "/etc/known_ovx_ids: 1 board")
+      .identifiedBy("cpuinfo", "'Kestrel', number 64: the Hardware line matches line 1.");
+  EXPECT_EQ(explain(), mReport.remarking({noneFound}));
+}
+
+struct TwoWansCase {
+  const char* name;
+  const char* first;
+  const char* last;
+  bool hasWanId;
+  std::vector<std::string> remarks;
+};
+
+void PrintTo(const TwoWansCase& wans, std::ostream* out) { *out << wans.name; }
+
+class ExplainTwoWans : public ExplainKestrel, public testing::WithParamInterface<TwoWansCase> {
+ protected:
+  // The kernel chooses which of the properties comes first.
+  void set(const std::string& first, const std::string& last) {
+    mBoard.property("a/wan", "a").property("b/wan", "b");
+    const std::string list = ovxid({"list"}).out;
+    const bool isReversed = list.find("OVX_WAN=b") < list.find("OVX_WAN=a");
+    mBoard.property("a/wan", isReversed ? last : first);
+    mBoard.property("b/wan", isReversed ? first : last);
+  }
+};
+
+TEST_P(ExplainTwoWans, AreToldApart) {
+  mBoard.interface("eth0", "02:42:ac:11:00:02").interface("eth1", "02:42:ac:11:00:03");
+  set(GetParam().first, GetParam().last);
+  if (GetParam().hasWanId) {
+    mBoard.property("wan_id", "x");
+  }
+  std::vector<std::string> remarks = GetParam().remarks;
+  remarks.insert(remarks.begin(), "Programs see one 'OVX_WAN', '" + std::string(GetParam().last) +
+                                      "': it is set by 'a/wan' and 'b/wan'.");
+  EXPECT_EQ(explain(), mReport.remarking(remarks));
+}
+
+constexpr const char* ofEth0 =
+    "The MAC address is asked of the first OVX_WAN of the list, 'eth0', but programs see 'eth1'.";
+constexpr const char* ofNone =
+    "The MAC address is asked of the first OVX_WAN of the list, '', but programs see 'eth1'.";
+
+INSTANTIATE_TEST_SUITE_P(
+    Where, ExplainTwoWans,
+    testing::Values(
+        TwoWansCase{"BothAreTheSame", "eth0", "eth0", false, {}},
+        TwoWansCase{"TheyAreDifferent", "eth0", "eth1", false, {ofEth0}},
+        TwoWansCase{"TheAddressOverwritesAProperty",
+                    "eth0",
+                    "eth1",
+                    true,
+                    {"The property 'wan_id' is overwritten by the MAC address of 'eth0'.", ofEth0}},
+        TwoWansCase{"TheFirstIsNotThere",
+                    "eth9",
+                    "eth1",
+                    false,
+                    {"The WAN interface 'eth9': No such device. There is no OVX_WAN_ID.",
+                     "The MAC address is asked of the first OVX_WAN of the list, 'eth9', but "
+                     "programs see 'eth1'."}},
+        TwoWansCase{"TheFirstIsEmpty",
+                    "",
+                    "eth1",
+                    false,
+                    {"The first OVX_WAN names no interface. There is no OVX_WAN_ID.", ofNone}},
+        TwoWansCase{"TheFirstIsEmptyAndAPropertyStandsInForTheAddress",
+                    "",
+                    "eth1",
+                    true,
+                    {"The first OVX_WAN names no interface.", ofNone}},
+        TwoWansCase{"TheFirstIsTooLong",
+                    "interface-16byte",
+                    "eth1",
+                    false,
+                    {"The WAN interface 'interface-16byte' has more than 15 bytes: collecting the "
+                     "parameters aborts."}}),
+    [](const auto& test) { return test.param.name; });
 
 }  // namespace
