@@ -83,10 +83,21 @@ void remarkOnDescription(const Exhibit& description, const std::string& name, Re
   const std::string_view text = withoutLastNul(*description.content);
   if (isCells(*description.content)) {
     remarks.emplace_back("The description is of cells, but is read as text: the name is empty.");
-  } else if (text.empty()) {
+  } else if (text.find_first_not_of('\0') == std::string_view::npos) {
     remarks.emplace_back("The description is empty, and so is the name.");
   } else if (text.find('\n') < text.size() - 1) {
     remarks.emplace_back("Only the first line of the description is the name.");
+  } else if (text.find_first_not_of('\0', text.find('\0')) != std::string_view::npos) {
+    remarks.emplace_back(
+        "Programs see the name only as far as the first NUL byte of the description.");
+  }
+}
+
+void remarkOnMissingBoardid(const Evidence& evidence, Remarks& remarks) {
+  if (evidence.description.content) {
+    remarks.emplace_back("The description does not identify a board without a boardid.");
+  } else if (!evidence.decidedBy && evidence.hasNode) {
+    remarks.emplace_back("The node /orvanix has no boardid.");
   }
 }
 
@@ -99,10 +110,8 @@ Remarks remarksOnNode(const Evidence& evidence) {
     remarkOnDescription(evidence.description, evidence.board.name(), remarks);
   } else if (evidence.decidedBy == Source::deviceTree) {
     remarks.emplace_back("That there is a boardid identifies the board, whatever it is.");
-  } else if (evidence.description.content) {
-    remarks.emplace_back("The description does not identify a board without a boardid.");
-  } else if (!evidence.decidedBy && evidence.hasNode) {
-    remarks.emplace_back("The node /orvanix has no boardid.");
+  } else if (evidence.boardid.error == ENOENT) {
+    remarkOnMissingBoardid(evidence, remarks);
   }
   return remarks;
 }

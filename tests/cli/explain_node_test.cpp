@@ -164,6 +164,8 @@ INSTANTIATE_TEST_SUITE_P(
         DescriptionCase{"ANewlineAtTheEnd", bytes("Kestrel\n\0"), "Kestrel", {}},
         DescriptionCase{"Nothing", "", "", {emptyDescription}},
         DescriptionCase{"ANul", bytes("\0"), "", {emptyDescription}},
+        DescriptionCase{"TwoNuls", bytes("\0\0"), "", {emptyDescription}},
+        DescriptionCase{"NulsAtTheEnd", bytes("Kestrel\0\0"), "Kestrel", {}},
         DescriptionCase{"TwoLines",
                         "Kestrel\nRev B",
                         "Kestrel",
@@ -205,6 +207,18 @@ TEST_F(ExplainKestrel, TellsThatADirectoryIdentifiesTheBoard) {
             mReport.remarking({"/proc/device-tree/orvanix/boardid cannot be read: Is a directory.",
                                "That there is a boardid identifies the board, whatever it is.",
                                belowZero}));
+}
+
+TEST_F(Explain, TellsThatTheBoardidCannotBeRead) {
+  mBoard.property("boardid", "12").property("description", "Kestrel");
+  mBoard.permissions("/proc/device-tree/orvanix/boardid", 0);
+  obeysModes();
+  mReport.says("device tree", "/proc/device-tree/orvanix/boardid: Permission denied");
+  EXPECT_EQ(
+      explain(),
+      mReport.remarking({"/proc/device-tree/orvanix/boardid cannot be read: Permission denied.",
+                         "The property 'boardid' cannot be read (Permission denied): 'OVX_BOARDID' "
+                         "is empty."}));
 }
 
 TEST_F(Explain, TellsThatTheNodeHasNoBoardid) {
