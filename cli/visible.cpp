@@ -92,6 +92,23 @@ std::string harmless(std::string_view text) {
 
 std::string visible(std::string_view text) { return replaced(text, isEscaped, escapes); }
 
-std::string shown(std::string_view text) { return "'" + visible(text) + "'"; }
+std::string_view beginningOf(std::string_view value) {
+  constexpr std::size_t longest = 200;
+  std::size_t end = 0;
+  while (end < value.size()) {
+    const std::size_t next = end + std::max<std::size_t>(characterLength(value.substr(end)), 1);
+    if (next > longest) {
+      break;
+    }
+    end = next;
+  }
+  return value.substr(0, end);
+}
+
+std::string shown(std::string_view value) {
+  const std::string_view beginning = beginningOf(value);
+  const std::string text = "'" + visible(beginning) + "'";
+  return beginning == value ? text : text + "... (" + std::to_string(value.size()) + " bytes)";
+}
 
 }  // namespace ovxid::cli

@@ -62,14 +62,16 @@ struct Lines {
   std::string text;
   int count = 0;
   bool areEscaped = false;
+  bool areCut = false;
 
   void add(const std::string& before, const std::string& value, const std::string& behind) {
-    const std::string seen = visibleToItsEnds(value);
-    text += "  " + before + seen + behind + "\n";
+    const std::string beginning(beginningOf(value));
+    const std::string seen = visibleToItsEnds(beginning);
+    const bool isCut = beginning != value;
+    text += "  " + before + seen + (isCut ? "..." : "") + behind + "\n";
     ++count;
-    if (seen != value) {
-      areEscaped = true;
-    }
+    areEscaped = areEscaped || seen != beginning;
+    areCut = areCut || isCut;
   }
 };
 
@@ -106,7 +108,8 @@ std::string explainVerdict(const Evidence& evidence) {
   }
   return std::string("This board is not identified. ") + (lines.count == 1 ? "This" : "Either") +
          " line in " + cataloguePath + " would make it known:\n" + lines.text +
-         (lines.areEscaped ? "where the escapes stand for the bytes themselves.\n" : "");
+         (lines.areEscaped ? "where the escapes stand for the bytes themselves.\n" : "") +
+         (lines.areCut ? "where '...' stands for the rest of the long value.\n" : "");
 }
 
 }  // namespace ovxid::cli

@@ -1,4 +1,3 @@
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <array>
@@ -8,8 +7,6 @@
 #include "cli/explanation.h"
 
 namespace {
-
-using testing::HasSubstr;
 
 TEST_F(Explain, TellsWhatEachSourceSaidAndWhatWouldMakeTheBoardKnown) {
   kernelIs("6.1.55-kestrel2", "aarch64");
@@ -236,6 +233,67 @@ INSTANTIATE_TEST_SUITE_P(
                      R"(a\\0\xc2\xa0\xef\xbb\xbf\xe2\x80\x8b)",
                      R"(a\\0\xc2\xa0\xef\xbb\xbf\xe2\x80\x8b:NUMBER)", true}),
     [](const auto& test) { return test.param.name; });
+
+// A value, what is shown of it, and whether that is all.
+struct LongCase {
+  const char* name;
+  std::string value;
+  std::string shown;
+  bool isCut;
+};
+
+void PrintTo(const LongCase& value, std::ostream* out) { *out << value.name; }
+
+class ExplainLong : public ExplainNode, public testing::WithParamInterface<LongCase> {
+ protected:
+  std::string shown() const {
+    const std::string size = std::to_string(GetParam().value.size());
+    return "'" + GetParam().shown + "'" + (GetParam().isCut ? "... (" + size + " bytes)" : "");
+  }
+};
+
+TEST_P(ExplainLong, IsShownInPartInARemark) {
+  identify("12", "12");
+  mBoard.property("a/label", GetParam().value).property("b/label", GetParam().value);
+  EXPECT_EQ(explain(), mReport.remarking({"Programs see one 'OVX_LABEL', " + shown() +
+                                          ": it is set by 'a/label' and 'b/label'."}));
+}
+
+TEST_P(ExplainLong, IsShownInPartInARowAndInALineForTheCatalogue) {
+  mBoard.cpuinfo("Hardware: " + GetParam().value + "\n");
+  mReport.says("cpuinfo", "Hardware " + shown() + ": no name and no alias in the catalogue")
+      .knownByLine(GetParam().shown +
+                   (GetParam().isCut
+                        ? "...:NUMBER\nwhere '...' stands for the rest of the long value."
+                        : ":NUMBER"));
+  EXPECT_EQ(explain(), mReport.remarking({noNode}));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Value, ExplainLong,
+    testing::Values(LongCase{"Of200Bytes", std::string(200, 'x'), std::string(200, 'x'), false},
+                    LongCase{"Of201Bytes", std::string(201, 'x'), std::string(200, 'x'), true},
+                    LongCase{"Of64KiB", std::string(65536, 'x'), std::string(200, 'x'), true},
+                    LongCase{"ThatEndsInALetterOfTwoBytes", std::string(198, 'x') + "\xc3\xa4",
+                             std::string(198, 'x') + "\xc3\xa4", false},
+                    LongCase{"ThatGoesOnInALetterOfTwoBytes", std::string(199, 'x') + "\xc3\xa4",
+                             std::string(199, 'x'), true}),
+    [](const auto& test) { return test.param.name; });
+
+TEST_F(Explain, EscapesWhatItShowsOfALongValue) {
+  mBoard.cpuinfo("Hardware: " + std::string(300, '\x01') + "\n");
+  std::string beginning;
+  for (int i = 0; i < 200; ++i) {
+    beginning += "\\x01";
+  }
+  mReport
+      .says("cpuinfo",
+            "Hardware '" + beginning + "'... (300 bytes): no name and no alias in the catalogue")
+      .knownByLine(beginning +
+                   "...:NUMBER\nwhere the escapes stand for the bytes themselves.\n"
+                   "where '...' stands for the rest of the long value.");
+  EXPECT_EQ(explain(), mReport.remarking({noNode}));
+}
 
 TEST_F(Explain, GivesTheLineOfTheReleaseAlone) {
   kernelIs("6.1.55-kestrel2", "aarch64");
