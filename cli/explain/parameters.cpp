@@ -105,17 +105,19 @@ bool isEndOfText(const std::string& content, std::size_t newline) {
          content.find_first_not_of('\0', newline + 1) == std::string::npos;
 }
 
+// Which value programs see is another matter, where several properties set it.
 void remarkOnReading(const std::string& variable, const std::string& property, Remarks& remarks) {
   const Exhibit file = exhibit(std::string(nodePath) + "/" + property);
+  const std::string sets = ": it sets " + shown(variable) + " to ";
   if (!file.content) {
     remarks.push_back("The property " + shown(property) + " cannot be read (" +
-                      std::strerror(file.error) + "): " + shown(variable) + " is empty.");
+                      std::strerror(file.error) + ")" + sets + "''.");
     return;
   }
   const auto newline = file.content->find('\n');
   if (newline != std::string::npos && !isEndOfText(*file.content, newline)) {
-    remarks.push_back("The property " + shown(property) + " is cut at its newline: " +
-                      shown(variable) + " is " + shown(file.content->substr(0, newline)) + ".");
+    remarks.push_back("The property " + shown(property) + " is cut at its newline" + sets +
+                      shown(file.content->substr(0, newline)) + ".");
   }
 }
 

@@ -44,7 +44,7 @@ TEST_F(ExplainParameters, TellsOfAPropertyThatCannotBeRead) {
   const int bound = socket(AF_UNIX, SOCK_DGRAM, 0);
   ASSERT_EQ(bind(bound, reinterpret_cast<const sockaddr*>(&secret), sizeof secret), 0);
   EXPECT_EQ(explain(), mReport.remarking({"The property 'secret' cannot be read (No such device or "
-                                          "address): 'OVX_SECRET' is empty."}));
+                                          "address): it sets 'OVX_SECRET' to ''."}));
   close(bound);
 }
 
@@ -54,10 +54,10 @@ TEST_F(ExplainParameters, TellsOfPropertiesThatAreCutAtANewline) {
   EXPECT_EQ(
       explain(),
       mReport.remarking(
-          {"The property 'mask' is cut at its newline: 'OVX_MASK' is ''.",
-           "The property 'card@1/notice' is cut at its newline: 'OVX_NOTICE' is 'first'.",
-           "The property 'slots' is cut at its newline: 'OVX_SLOTS' is '\\0\\0\\0'.",
-           "The property 'text' is cut at its newline: 'OVX_TEXT' is ''.",
+          {"The property 'mask' is cut at its newline: it sets 'OVX_MASK' to ''.",
+           "The property 'card@1/notice' is cut at its newline: it sets 'OVX_NOTICE' to 'first'.",
+           "The property 'slots' is cut at its newline: it sets 'OVX_SLOTS' to '\\0\\0\\0'.",
+           "The property 'text' is cut at its newline: it sets 'OVX_TEXT' to ''.",
            "Of cells and of lists of texts, programs see only what stands before the first NUL "
            "byte: 'OVX_SLOTS'."}));
 }
@@ -149,9 +149,11 @@ TEST_F(ExplainParameters, TellsOfNamesThatNoShellHas) {
 
 TEST_F(ExplainParameters, TellsOfAPropertyThatIsCalledLikeAParameter) {
   mBoard.property("ovx_site", "hall").property("ovx-name", "x");
-  EXPECT_EQ(explain(), mReport.remarking({"The property 'ovx_site' becomes 'OVX_OVX_SITE': leave "
-                                          "out what stands before its name.",
-                                          "Shells cannot have variables named 'OVX_OVX-NAME'."}));
+  EXPECT_EQ(
+      explain(),
+      mReport.remarking(
+          {"The property 'ovx_site' becomes 'OVX_OVX_SITE': leave out what stands before its name.",
+           "Shells cannot have variables named 'OVX_OVX-NAME'."}));
 }
 
 TEST_F(ExplainParameters, TellsOfAPropertyThatTheAddressOverwrites) {
