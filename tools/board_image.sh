@@ -3,8 +3,7 @@
 # of its machine with the board's node in it. Sourced by the script `board`.
 #
 # An initramfs may consist of several archives, so its parts are made separately: the system once for
-# each architecture, the modules once for each kernel, and the rest for each board. They are not
-# compressed, because that boots fastest.
+# each architecture, and the rest for each board. They are not compressed, because that boots fastest.
 
 readonly parts=$PWD/build/board_parts
 readonly userland=(bash busybox)
@@ -63,17 +62,14 @@ archive() {
   (cd "$1" && find . | LC_ALL=C sort | cpio --quiet --create --format=newc --owner=0:0) >"$2"
 }
 
-# make_kernel ARCHITECTURE PACKAGE MODULE...: makes kernels/PACKAGE from the kernel that the package depends on:
-# the image, its release, the device trees that come with it, and these of its modules.
+# make_kernel ARCHITECTURE PACKAGE: makes kernels/PACKAGE from the kernel that the package depends on: the image, its
+# release, the device trees that come with it, and its modules.
 make_kernel() {
   local architecture=$1 package=$2 kernel=$parts/kernels/$2 file release
-  local -r modules=("${@:3}")
-  if is_current "$kernel/release" && [[ $(cat "$kernel/wanted" 2>/dev/null) == "${modules[*]}" ]]; then
-    return 0
-  fi
+  ! is_current "$kernel/release" || return 0
   echo "kernel  $package"
   rm -rf "$kernel"
-  mkdir -p "$kernel/package"
+  mkdir -p "$kernel"
   fetch "$kernel/files" '^linux-image-[0-9]' "$architecture" "$package"
   read -r _ file _ <"$kernel/files"
   dpkg-deb --extract "$parts/packages/$file" "$kernel/package"
@@ -82,26 +78,16 @@ make_kernel() {
   if [[ -d $kernel/package/usr/lib/linux-image-$release ]]; then
     mv "$kernel/package/usr/lib/linux-image-$release" "$kernel/dtbs"
   fi
-  archive_modules "$kernel" "$release"
-  rm -rf "$kernel/package"
-  echo "${modules[*]}" >"$kernel/wanted"
+  /sbin/depmod --basedir "$kernel/package" "$release"
   echo "$release" >"$kernel/release"
 }
 
-# archive_modules KERNEL RELEASE: archives the modules and those they need, and a list of them in the
-# order in which they have to be loaded. A board whose module does not exist fails by itself.
-archive_modules() {
-  local kernel=$1 release=$2 module path
-  mkdir -p "$kernel/root/modules"
-  /sbin/depmod --basedir "$kernel/package" "$release"
-  for module in "${modules[@]}"; do
-    /sbin/modprobe --dirname "$kernel/package" --set-version "$release" --show-depends "$module" || true
-  done | awk '$1 == "insmod" && !seen[$2]++ { print $2 }' >"$kernel/insmod"
-  while read -r path; do
-    cp "$path" "$kernel/root/modules"
-    basename "$path"
-  done <"$kernel/insmod" >"$kernel/root/modules/order"
-  archive "$kernel/root" "$kernel/modules.cpio"
+# paths_of_module KERNEL MODULE: the files of the module and of those it needs, in the order in which they have to be
+# loaded. Fails if the kernel has no such module. One that is built in has no file.
+paths_of_module() {
+  local kernel=$parts/kernels/$1 found
+  found=$(/sbin/modprobe --quiet --dirname "$kernel/package" --set-version "$(<"$kernel/release")" --show-depends "$2") || return
+  sed -n 's/^insmod \([^ ]*\).*/\1/p' <<<"$found"
 }
 
 # built_package NAME ARCHITECTURE: the file that `package` made.
