@@ -9,14 +9,19 @@ readonly parts=$PWD/build/board_parts
 readonly userland=(bash busybox)
 readonly simulation=(tests/simulation/{board,child,kernel,logger}.cpp replay/{network,world}.cpp)
 
+# apt_of ARCHITECTURE COMMAND ARGUMENT...: what a command of apt tells about an empty system.
+apt_of() {
+  "$2" --quiet=2 --option APT::Architecture="$1" --option APT::Architectures="$1" \
+    --option Dir::State::status="$parts/status" --option Dir::Cache="$parts/none" "${@:3}"
+}
+
 # resolve ARCHITECTURE PACKAGE...: prints the address, the file name and the hash of every package that
 # an empty system needs to install these; what is installed on this machine does not matter. Package
 # files of our own are not printed: apt knows the hash only of what is in an index.
 resolve() {
-  apt-get -qq --yes --print-uris --option APT::Architecture="$1" --option APT::Architectures="$1" \
-    --option APT::Install-Recommends=false --option Acquire::ForceHash=SHA256 \
-    --option Dir::State::status="$parts/status" --option Dir::Cache="$parts/none" \
-    install "${@:2}" | sed -n "s/^'\([^']*\)' \([^ ]*\) [0-9]* \(SHA256:\)/\1 \2 \3/p"
+  apt_of "$1" apt-get --yes --print-uris --option APT::Install-Recommends=false \
+    --option Acquire::ForceHash=SHA256 install "${@:2}" |
+    sed -n "s/^'\([^']*\)' \([^ ]*\) [0-9]* \(SHA256:\)/\1 \2 \3/p"
 }
 
 # download LIST PATTERN ARCHITECTURE PACKAGE...: writes the lines of `resolve` whose file names match to
@@ -39,10 +44,38 @@ refresh_and_download() {
   download "$@"
 }
 
-# apt's index is refreshed only if the download fails: it may be old, or lack the architecture.
-fetch() {
+# lay_out: what apt and its downloads need.
+lay_out() {
   mkdir -p "$parts/none/archives/partial" "$parts/packages"
   : >"$parts/status"
+}
+
+# is_indexed ARCHITECTURE PACKAGE: whether apt's index has it.
+is_indexed() {
+  apt_of "$1" apt-cache show "$2" >/dev/null 2>&1
+}
+
+# index_architecture ARCHITECTURE: has apt know the packages of the architecture, if it can.
+index_architecture() {
+  lay_out
+  if ! is_indexed "$1" "${userland[0]}"; then
+    add_architecture "$1"
+    apt_get update || true
+  fi
+}
+
+# is_no_package ARCHITECTURE PACKAGE: whether the index of the architecture is there and has no such package.
+is_no_package() {
+  is_indexed "$1" "${userland[0]}" && ! is_indexed "$@"
+}
+
+is_made_kernel() {
+  is_current "$parts/kernels/$1/release"
+}
+
+# apt's index is refreshed only if the download fails: it may be old, or lack the architecture.
+fetch() {
+  lay_out
   if ! download "$@" 2>/dev/null; then
     add_architecture "$3"
     try_again refresh_and_download "$@"
@@ -66,7 +99,7 @@ archive() {
 # release, the device trees that come with it, and its modules.
 make_kernel() {
   local architecture=$1 package=$2 kernel=$parts/kernels/$2 file release
-  ! is_current "$kernel/release" || return 0
+  ! is_made_kernel "$package" || return 0
   echo "kernel  $package"
   rm -rf "$kernel"
   mkdir -p "$kernel"
