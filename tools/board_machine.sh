@@ -1,6 +1,8 @@
 # shellcheck shell=bash
 # The file `machine` of a board, which says how qemu makes it. Sourced by the script `board`.
 
+# The board that was read last: its keys and their values, its name, and the architecture of its kernel.
+declare -A board=()
 declare -A pattern=() meaning=() usual=()
 
 # key NAME PATTERN MEANING [USUAL]: a key, the values that it may have, in words too, and the one of a board that
@@ -33,7 +35,7 @@ key icount "$word" 'what qemu has behind -icount'
 key slow 'yes|no' 'yes or no' no
 unset word mac architectures
 
-# read_machine NAME: sets `board` to what its file says, and `files` to the directory of its output.
+# read_machine NAME: sets `board` to what its file says.
 read_machine() {
   local -A line=()
   local name
@@ -50,7 +52,6 @@ read_machine() {
 
 set_usual_values() {
   local name
-  files=$boards/$1
   board=([name]=$1)
   for name in "${!usual[@]}"; do
     board[$name]=${usual[$name]}
