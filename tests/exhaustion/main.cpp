@@ -16,7 +16,7 @@ namespace {
 struct Options {
   bool names = false;
   bool counts = false;
-  int calls = 1000000;
+  int calls = 100000;
   std::vector<std::string> chosen;
 };
 
@@ -53,7 +53,7 @@ int usage() {
          "Takes the named roads through the library, or all, and lets memory run out there.\n\n"
          "  --names         print the names of the roads instead\n"
          "  --counts        print how many allocations each road has\n"
-         "  --calls=NUMBER  how many calls many_calls makes (1000000)\n";
+         "  --calls=NUMBER  how many calls many_calls makes (100000)\n";
   return 2;
 }
 
