@@ -58,8 +58,8 @@ std::string whatAllowsNamespaces() {
 void requireNamespace(bool success, const std::string& what) {
   if (!success) {
     const int reason = errno;
-    throw std::system_error(reason, std::generic_category(),
-                            what + " (" + whatAllowsNamespaces() + ")");
+    throw NamespaceRefused(reason, std::generic_category(),
+                           what + " (" + whatAllowsNamespaces() + ")");
   }
 }
 

@@ -3,9 +3,16 @@
 
 #include <set>
 #include <string>
+#include <system_error>
 
 // Changes to the system that only this process and its children see. When the machine does not
 // allow one, it throws a std::system_error that says what is missing.
+
+// The kernel makes no namespace for this process.
+class NamespaceRefused : public std::system_error {
+ public:
+  using std::system_error::system_error;
+};
 
 // Whom a user other than root is in the namespace of users that is needed for it.
 enum class InNamespace { asRoot, asOneself };

@@ -3,6 +3,8 @@
 #include <charconv>
 #include <functional>
 #include <iostream>
+#include <set>
+#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -10,8 +12,16 @@
 #include "exhaustion/endurance.h"
 #include "exhaustion/launch.h"
 #include "exhaustion/sweep.h"
+#include "simulation/board.h"
 
 namespace {
+
+struct Skipped : std::runtime_error {
+  using std::runtime_error::runtime_error;
+};
+
+// In the order of what a run amounts to.
+enum class Result { passed, skipped, failed };
 
 struct Options {
   bool names = false;
@@ -73,15 +83,24 @@ bool read(std::string_view argument, Options& options) {
   return true;
 }
 
-bool pass(const Check& check, bool counts) {
+Result resultOf(const Check& check, bool counts) {
   try {
     const std::string allocations = check.run();
     std::cout << "pass  " << check.name << (counts ? "  " + allocations : "") << std::endl;
-    return true;
+    return Result::passed;
+  } catch (const Skipped& reason) {
+    std::cout << "skip  " << check.name << ": " << reason.what() << std::endl;
+    return Result::skipped;
   } catch (const std::exception& error) {
     std::cout << "FAIL  " << check.name << ": " << error.what() << std::endl;
-    return false;
+    return Result::failed;
   }
+}
+
+int statusOf(Result result) {
+  // As ctest is told.
+  constexpr int skipped = 77;
+  return result == Result::failed ? 1 : result == Result::skipped ? skipped : 0;
 }
 
 // The chosen ones, or all: false when there is none of a chosen name.
@@ -103,6 +122,8 @@ bool choose(std::vector<Check>& checks, const std::vector<std::string>& names) {
 
 }  // namespace
 
+void giveUpSimulation(const std::string& why) { throw Skipped(why); }
+
 int main(int argc, char** argv) {
   Options options;
   for (char** argument = argv + 1; argument != argv + argc; ++argument) {
@@ -114,13 +135,13 @@ int main(int argc, char** argv) {
   if (!choose(chosen, options.chosen)) {
     return usage();
   }
-  int failures = 0;
+  std::set<Result> results{Result::passed};
   for (const Check& check : chosen) {
     if (options.names) {
       std::cout << check.name << '\n';
     } else {
-      failures += pass(check, options.counts) ? 0 : 1;
+      results.insert(resultOf(check, options.counts));
     }
   }
-  return failures == 0 ? 0 : 1;
+  return statusOf(*results.rbegin());
 }

@@ -25,6 +25,8 @@ std::optional<std::string> thrownBy(OvxIdentifier& identifier, bool& determined)
 
 }  // namespace
 
+void giveUpSimulation(const std::string& why) { throw std::runtime_error(why); }
+
 Board& board() {
   static auto* const board = new Board;
   return *board;

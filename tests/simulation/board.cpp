@@ -28,9 +28,26 @@ void write(const std::string& path, const std::string& bytes) {
   }
 }
 
+// Other failures are no matter of what the machine allows.
+bool isForbidden(const std::error_code& code) {
+  return code == std::errc::operation_not_permitted || code == std::errc::permission_denied ||
+         code == std::errc::no_space_on_device || code == std::errc::function_not_supported;
+}
+
+ReplacedDirectory replaced(const char* path) {
+  try {
+    return ReplacedDirectory(path);
+  } catch (const NamespaceRefused& refusal) {
+    if (isForbidden(refusal.code())) {
+      giveUpSimulation(refusal.what());
+    }
+    throw;
+  }
+}
+
 }  // namespace
 
-Board::Board() : mProc("/proc"), mEtc("/etc") {
+Board::Board() : mProc(replaced("/proc")), mEtc(replaced("/etc")) {
   for (const char* entry : {"meminfo", "mounts", "net", "self", "stat", "sys", "thread-self"}) {
     mProc.keep(entry);
   }
