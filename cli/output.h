@@ -21,17 +21,19 @@ class InheritedHandlers {
   InheritedHandlers& operator=(const InheritedHandlers&) = delete;
 };
 
+// Whether all of the text was written; errno tells why not.
+bool writeAll(int descriptor, std::string_view text);
+
+// Throws Failure with this reason, as in errno.
+[[noreturn]] void failToWrite(const std::string& what, int reason);
+
+// Throws Failure when messages on standard error were lost.
+void requireThatMessagesWereWritten();
+
 // Writes the text to standard output at once. When its reader has gone away, the process ends by
 // SIGPIPE, unless it was started with SIGPIPE ignored. Throws Failure for any other error, and when
 // messages on standard error were lost.
 void print(const std::string& text);
-
-// Makes a file of this content, which must not be there yet. Throws Failure.
-void createFile(const std::string& path, std::string_view content);
-
-// Gives the file this content, as a whole: a reader sees the old content or all of the new one.
-// When it fails, which throws Failure, the old file stays and nothing else is left behind.
-void replaceFile(const std::string& path, const std::string& text);
 
 }  // namespace ovxid::cli
 

@@ -5,6 +5,7 @@
 #include "exit_status.h"
 #include "format.h"
 #include "output.h"
+#include "output_file.h"
 
 namespace ovxid::cli::command {
 

@@ -8,7 +8,7 @@
 #include <cstring>
 
 #include "diagnostics.h"
-#include "output.h"
+#include "output_file.h"
 
 namespace ovxid::cli {
 

@@ -145,6 +145,13 @@ void FrontEnd::kernelIs(const std::string& release, const std::string& machine) 
   });
 }
 
+void FrontEnd::linksBelongTo(uid_t owner) {
+  mPreparations.emplace_back([owner] {
+    setenv("LD_PRELOAD", OVXID_OTHER_KERNEL, 1);
+    setenv("OVXID_LINK_OWNER", std::to_string(owner).c_str(), 1);
+  });
+}
+
 void FrontEnd::kernelRefuses(long call, unsigned argument) {
   mPreparations.emplace_back([call, argument] {
     constexpr unsigned second = offsetof(seccomp_data, args) + sizeof seccomp_data::args[0];

@@ -1,9 +1,16 @@
+#include <fcntl.h>
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <sys/file.h>
 #include <sys/mount.h>
+#include <sys/personality.h>
 #include <sys/stat.h>
+#include <sys/syscall.h>
 #include <unistd.h>
 
 #include <algorithm>
+#include <csignal>
+#include <cstring>
 #include <filesystem>
 #include <fstream>
 #include <set>
@@ -39,6 +46,12 @@ class OutputFile : public FrontEnd {
   OutputFile() { mBoard.property("wifi", "yes").file("/proc/out/listing", "old\n"); }
 
   Outcome listTo(const std::string& path) { return ovxid({"list", "--output", path}); }
+
+  // A directory where all may put files, and remove only their own.
+  void makeSharedDirectory() {
+    mBoard.directory("/proc/shared").permissions("/proc/shared", 01777);
+    std::filesystem::create_symlink("/proc/out/listing", "/proc/shared/link");
+  }
 };
 
 TEST_F(OutputFile, IsReplacedByTheListing) {
@@ -72,6 +85,68 @@ TEST_F(OutputFile, StaysBehindALinkToIt) {
   EXPECT_EQ(listTo("/proc/out/link"), (Outcome{0, "", ""}));
   EXPECT_TRUE(std::filesystem::is_symlink("/proc/out/link"));
   EXPECT_EQ(contentOf("/proc/out/listing"), "OVX_WIFI=yes\n");
+}
+
+TEST_F(OutputFile, HasNoRightThatTheOldOneDenied) {
+  const mode_t before = umask(022);
+  mBoard.permissions("/proc/out/listing", 0600);
+  listTo("/proc/out/listing");
+  EXPECT_EQ(modeOf("/proc/out/listing"), 0600);
+  mBoard.permissions("/proc/out/listing", 06775);
+  listTo("/proc/out/listing");
+  EXPECT_EQ(modeOf("/proc/out/listing"), 0644);
+  umask(before);
+}
+
+// The two links are of other directories, and each tells the way from its own.
+TEST_F(OutputFile, StaysBehindTwoLinksToIt) {
+  mBoard.directory("/proc/far/away");
+  std::filesystem::create_symlink("../../out/link", "/proc/far/away/link");
+  std::filesystem::create_symlink("./listing", "/proc/out/link");
+  EXPECT_EQ(listTo("/proc/far/away/link"), (Outcome{0, "", ""}));
+  EXPECT_EQ(contentOf("/proc/out/listing"), "OVX_WIFI=yes\n");
+  EXPECT_EQ(filesIn("/proc/out"), (std::set<std::string>{"link", "listing"}));
+}
+
+TEST_F(OutputFile, StaysBehindALinkOfAnotherUserInASharedDirectory) {
+  makeSharedDirectory();
+  linksBelongTo(12345);
+  EXPECT_EQ(listTo("/proc/shared/link"),
+            (Outcome{3, "", "ovxid: /proc/shared/link: Permission denied\n"}));
+  EXPECT_EQ(contentOf("/proc/out/listing"), "old\n");
+}
+
+TEST_F(OutputFile, IsReplacedBehindALinkOfTheUserInASharedDirectory) {
+  makeSharedDirectory();
+  EXPECT_EQ(listTo("/proc/shared/link"), (Outcome{0, "", ""}));
+  EXPECT_EQ(contentOf("/proc/out/listing"), "OVX_WIFI=yes\n");
+}
+
+TEST_F(OutputFile, IsReplacedBehindALinkOfTheOwnerOfASharedDirectory) {
+  makeSharedDirectory();
+  struct stat status {};
+  ASSERT_EQ(stat("/proc/shared", &status), 0);
+  linksBelongTo(status.st_uid);
+  EXPECT_EQ(listTo("/proc/shared/link"), (Outcome{0, "", ""}));
+}
+
+TEST_F(OutputFile, IsReplacedBehindALinkOfAnotherUserInAnOrdinaryDirectory) {
+  makeSharedDirectory();
+  linksBelongTo(12345);
+  for (const unsigned mode : {0777U, 01775U}) {
+    mBoard.permissions("/proc/shared", mode).file("/proc/out/listing", "old\n");
+    EXPECT_EQ(listTo("/proc/shared/link"), (Outcome{0, "", ""})) << std::oct << mode;
+    EXPECT_EQ(contentOf("/proc/out/listing"), "OVX_WIFI=yes\n");
+  }
+}
+
+TEST_F(OutputFile, StaysInADirectoryThatMayNotBeSearched) {
+  std::filesystem::create_symlink("/proc/closed/listing", "/proc/out/link");
+  mBoard.file("/proc/closed/listing", "old\n").permissions("/proc/closed", 0600);
+  obeysModes();
+  for (const std::string path : {"/proc/closed/listing", "/proc/out/link"}) {
+    EXPECT_EQ(listTo(path), (Outcome{3, "", "ovxid: " + path + ": Permission denied\n"}));
+  }
 }
 
 // A reader that opened the old file goes on reading the old content.
@@ -113,7 +188,7 @@ TEST_F(OutputFile, StaysWhenItCannotBeReplaced) {
 TEST_F(OutputFile, ReplacesNoLinkThatLeadsNowhere) {
   std::filesystem::create_symlink("nowhere", "/proc/out/link");
   EXPECT_EQ(listTo("/proc/out/link"),
-            (Outcome{3, "", "ovxid: /proc/out/link: a link that leads nowhere\n"}));
+            (Outcome{3, "", "ovxid: /proc/out/link: a link that leads to no file\n"}));
   EXPECT_TRUE(std::filesystem::is_symlink("/proc/out/link"));
 }
 
@@ -121,6 +196,28 @@ TEST_F(OutputFile, ReplacesNoLinkToItself) {
   std::filesystem::create_symlink("link", "/proc/out/link");
   EXPECT_EQ(listTo("/proc/out/link"),
             (Outcome{3, "", "ovxid: /proc/out/link: Too many levels of symbolic links\n"}));
+}
+
+TEST_F(OutputFile, ReplacesNoLinkToAPipe) {
+  int ends[2];
+  ASSERT_EQ(pipe(ends), 0);
+  outputTo(ends[1]);
+  EXPECT_EQ(listTo("/proc/self/fd/1"),
+            (Outcome{3, "", "ovxid: /proc/self/fd/1: a link that leads to no file\n"}));
+  close(ends[0]);
+  close(ends[1]);
+}
+
+// As many as the kernel follows.
+TEST_F(OutputFile, IsReplacedBehindFortyLinks) {
+  std::filesystem::create_symlink("listing", "/proc/out/1");
+  for (int number = 2; number <= 41; ++number) {
+    std::filesystem::create_symlink(std::to_string(number - 1),
+                                    "/proc/out/" + std::to_string(number));
+  }
+  EXPECT_EQ(listTo("/proc/out/40"), (Outcome{0, "", ""}));
+  EXPECT_EQ(listTo("/proc/out/41"),
+            (Outcome{3, "", "ovxid: /proc/out/41: Too many levels of symbolic links\n"}));
 }
 
 TEST_F(OutputFile, MayHaveTheLongestName) {
@@ -146,7 +243,22 @@ TEST_F(OutputFile, CannotBeMadeInAMissingDirectory) {
 }
 
 TEST_F(OutputFile, ReplacesNoDirectory) {
-  EXPECT_EQ(listTo("/proc/out"), (Outcome{3, "", "ovxid: /proc/out: Is a directory\n"}));
+  std::filesystem::create_symlink("out/", "/proc/link");
+  for (const std::string path : {"/proc/out", "/proc/out/", "/proc/out/..", "/proc/link", "."}) {
+    EXPECT_EQ(listTo(path), (Outcome{3, "", "ovxid: " + path + ": Is a directory\n"}));
+  }
+}
+
+TEST_F(OutputFile, NeedsAName) {
+  EXPECT_EQ(listTo(""), (Outcome{3, "", "ovxid: '': No such file or directory\n"}));
+}
+
+TEST_F(OutputFile, IsInTheWorkingDirectoryWhereItsPathNamesNone) {
+  const auto before = std::filesystem::current_path();
+  std::filesystem::current_path("/proc/out");
+  EXPECT_EQ(listTo("listing"), (Outcome{0, "", ""}));
+  std::filesystem::current_path(before);
+  EXPECT_EQ(contentOf("/proc/out/listing"), "OVX_WIFI=yes\n");
 }
 
 TEST_F(OutputFile, ReplacesNoDevice) {
@@ -163,6 +275,108 @@ TEST_F(OutputFile, StaysWhenTheSearchForTheIdentityFails) {
   board.cpuinfo("Hardware\t:\n").file("/proc/out/listing", "old\n");
   EXPECT_EQ(listTo("/proc/out/listing").status, 1);
   EXPECT_EQ(contentOf("/proc/out/listing"), "old\n");
+}
+
+class OutputFileRun : public OutputFile {
+ protected:
+  // Does this at a system call of a run, counted from when the directory changes, and sends the run
+  // the signal. Whether it had as many.
+  static bool doAt(int number, int signal, const std::function<void()>& action) {
+    const auto before = filesIn("/proc/out");
+    bool hasBegun = false;
+    bool isDone = false;
+    interrupt(
+        signal,
+        [&] {
+          hasBegun = hasBegun || filesIn("/proc/out") != before;
+          isDone = hasBegun && --number == 0;
+          if (isDone) {
+            action();
+          }
+          return isDone;
+        },
+        [] {
+          personality(PER_LINUX32);
+          execl(OVXID_CLI, OVXID_CLI, "list", "--output", "/proc/out/listing", nullptr);
+        });
+    return isDone;
+  }
+};
+
+class InterruptedOutputFile : public OutputFileRun, public testing::WithParamInterface<int> {};
+
+TEST_P(InterruptedOutputFile, IsTheOldOneOrTheNewOne) {
+  std::size_t mostFiles = 0;
+  int number = 1;
+  for (; doAt(number, GetParam(), [] {}); ++number) {
+    ASSERT_THAT(contentOf("/proc/out/listing"), testing::AnyOf("old\n", "OVX_WIFI=yes\n"));
+    mostFiles = std::max(mostFiles, filesIn("/proc/out").size());
+    mBoard.file("/proc/out/listing", "old\n");
+  }
+  EXPECT_GT(number, 5);
+  // What is killed can remove nothing. The next run does.
+  EXPECT_EQ(mostFiles, GetParam() == SIGKILL ? 2 : 1);
+  EXPECT_EQ(contentOf("/proc/out/listing"), "OVX_WIFI=yes\n");
+  EXPECT_EQ(filesIn("/proc/out"), (std::set<std::string>{"listing"}));
+}
+
+INSTANTIATE_TEST_SUITE_P(Signal, InterruptedOutputFile,
+                         testing::Values(SIGHUP, SIGINT, SIGQUIT, SIGTERM, SIGKILL),
+                         [](const auto& test) { return sigabbrev_np(test.param); });
+
+// Another run removes what killed runs have left, but not what this one writes.
+TEST_F(OutputFileRun, SucceedsBesideAnother) {
+  int number = 1;
+  const auto listBeside = [&] {
+    EXPECT_EQ(listTo("/proc/out/other"), (Outcome{0, "", ""})) << number;
+    mBoard.remove("/proc/out/other");
+  };
+  for (; doAt(number, 0, listBeside); ++number) {
+    EXPECT_EQ(contentOf("/proc/out/listing"), "OVX_WIFI=yes\n") << number;
+    EXPECT_EQ(filesIn("/proc/out"), (std::set<std::string>{"listing"})) << number;
+    mBoard.file("/proc/out/listing", "old\n");
+  }
+  EXPECT_GT(number, 5);
+}
+
+// As another run does that is about to remove the file.
+TEST_F(OutputFileRun, MakesAnotherFileWhenTheFirstIsLocked) {
+  int file = -1;
+  EXPECT_TRUE(doAt(1, 0, [&] {
+    const auto names = filesIn("/proc/out");
+    file = open(("/proc/out/" + *names.begin()).c_str(), O_WRONLY | O_CLOEXEC);
+    ASSERT_EQ(flock(file, LOCK_EX), 0) << *names.begin();
+  }));
+  EXPECT_EQ(contentOf("/proc/out/listing"), "OVX_WIFI=yes\n");
+  EXPECT_EQ(filesIn("/proc/out").size(), 2);
+  close(file);
+}
+
+TEST_F(OutputFile, IsReplacedWhereTheKernelLocksNoFiles) {
+  mBoard.file("/proc/out/.ovxid-unfinished-1-2", "OVX");
+  kernelRefuses(SYS_flock, LOCK_EX | LOCK_NB);
+  EXPECT_EQ(listTo("/proc/out/listing"), (Outcome{0, "", ""}));
+  EXPECT_EQ(contentOf("/proc/out/listing"), "OVX_WIFI=yes\n");
+  EXPECT_EQ(filesIn("/proc/out"), (std::set<std::string>{".ovxid-unfinished-1-2", "listing"}));
+}
+
+TEST_F(OutputFile, IsReplacedInADirectoryThatMayNotBeRead) {
+  mBoard.permissions("/proc/out", 0333);
+  obeysModes();
+  EXPECT_EQ(listTo("/proc/out/listing"), (Outcome{0, "", ""}));
+  EXPECT_EQ(contentOf("/proc/out/listing"), "OVX_WIFI=yes\n");
+}
+
+// They may be of a user who wants to keep them, or to lead elsewhere.
+TEST_F(OutputFile, LeavesOtherFilesBesideIt) {
+  const std::set<std::string> names = {".ovxid-unfinished", ".ovxid-unfinished-directory",
+                                       ".ovxid-unfinished-link", ".ovxid-unfinished-pipe",
+                                       "listing"};
+  mBoard.file("/proc/out/.ovxid-unfinished", "").directory("/proc/out/.ovxid-unfinished-directory");
+  std::filesystem::create_symlink("listing", "/proc/out/.ovxid-unfinished-link");
+  ASSERT_EQ(mkfifo("/proc/out/.ovxid-unfinished-pipe", 0600), 0);
+  EXPECT_EQ(listTo("/proc/out/listing"), (Outcome{0, "", ""}));
+  EXPECT_EQ(filesIn("/proc/out"), names);
 }
 
 }  // namespace
