@@ -7,7 +7,8 @@
 
 namespace ovxid::cli {
 
-// A new directory, which is removed again unless it is to be kept. Throws Failure for any error.
+// A new directory, which is removed again unless it is to be kept, or the user ends the process.
+// Throws Failure for any error.
 class RecordingDirectory {
  public:
   explicit RecordingDirectory(std::string path);
@@ -19,7 +20,7 @@ class RecordingDirectory {
   void file(const std::string& path, const std::string& content) const;
   void directory(const std::string& path) const;
 
-  void keep() { mKept = true; }
+  void keep() { mKept = !mUndisturbed.isCalledOff(); }
 
  private:
   Undisturbed mUndisturbed;

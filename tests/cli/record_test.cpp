@@ -343,11 +343,13 @@ TEST_F(Record, LeavesNothingBehindWhenItCannotTakeWhatIsSaid) {
   EXPECT_FALSE(fs::exists(recording));
 }
 
-class RecordUntil : public Record, public testing::WithParamInterface<int> {
+class InterruptedRecord : public Record, public testing::WithParamInterface<int> {
  protected:
+  InterruptedRecord() { mBoard.property("site", "north gate").catalogue("Kestrel:12\n"); }
+
   // Interrupts the recording at this system call, counted from when its directory is there. Whether
   // something of it was missing then.
-  bool interruptAt(int number) {
+  bool interruptAt(int number, const std::function<void()>& prepare) {
     bool isPart = false;
     interrupt(
         GetParam(),
@@ -356,28 +358,52 @@ class RecordUntil : public Record, public testing::WithParamInterface<int> {
           isPart = isTime && filesIn(recording) != mWhole;
           return isTime;
         },
-        [] { execl(OVXID_CLI, OVXID_CLI, "record", recording, nullptr); });
+        [&] {
+          prepare();
+          execl(OVXID_CLI, OVXID_CLI, "record", recording, nullptr);
+        });
     return isPart;
+  }
+
+  // Does this after each recording that was interrupted before it was whole.
+  void interruptEach(const std::function<void()>& prepare, const std::function<void()>& expect) {
+    ASSERT_FALSE(interruptAt(0, [] {}));
+    mWhole = filesIn(recording);
+    ASSERT_EQ(mWhole.size(), 6);
+    fs::remove_all(recording);
+    int number = 1;
+    for (; !HasFailure() && interruptAt(number, prepare); ++number) {
+      SCOPED_TRACE("interrupted at " + std::to_string(number));
+      expect();
+      fs::remove_all(recording);
+    }
+    EXPECT_GT(number, 20);
   }
 
   std::map<std::string, std::string> mWhole;
 };
 
-TEST_P(RecordUntil, LeavesNoPartOfARecordingBehind) {
-  mBoard.property("site", "north gate").catalogue("Kestrel:12\n");
-  ASSERT_FALSE(interruptAt(0));
-  mWhole = filesIn(recording);
-  ASSERT_EQ(mWhole.size(), 6);
-  fs::remove_all(recording);
-  int number = 1;
-  for (; interruptAt(number); ++number) {
-    ASSERT_EQ(filesIn(recording), mWhole) << "interrupted at " << number;
-    fs::remove_all(recording);
-  }
-  EXPECT_GT(number, 20);
+TEST_P(InterruptedRecord, LeavesNothingBehind) {
+  interruptEach([] {}, [] { EXPECT_FALSE(fs::exists(recording)); });
 }
 
-INSTANTIATE_TEST_SUITE_P(Signal, RecordUntil, testing::Values(SIGHUP, SIGINT, SIGQUIT, SIGTERM),
+TEST_P(InterruptedRecord, IsWholeWhereTheSignalIsIgnored) {
+  interruptEach([] { std::signal(GetParam(), SIG_IGN); },
+                [&] { EXPECT_EQ(filesIn(recording), mWhole); });
+}
+
+TEST_P(InterruptedRecord, IsWholeWhereTheSignalWaitsAnyway) {
+  const auto block = [] {
+    sigset_t signals;
+    sigemptyset(&signals);
+    sigaddset(&signals, GetParam());
+    sigprocmask(SIG_BLOCK, &signals, nullptr);
+  };
+  interruptEach(block, [&] { EXPECT_EQ(filesIn(recording), mWhole); });
+}
+
+INSTANTIATE_TEST_SUITE_P(Signal, InterruptedRecord,
+                         testing::Values(SIGHUP, SIGINT, SIGQUIT, SIGTERM),
                          [](const auto& test) { return sigabbrev_np(test.param); });
 
 TEST_F(Record, NeedsADirectory) {
