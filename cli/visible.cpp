@@ -39,13 +39,17 @@ bool isControl(std::string_view character) {
 
 // Characters that take no place, or look like a blank, or change the direction of what follows.
 constexpr std::pair<std::string_view, std::string_view> unseen[] = {
-    {"\xc2\xa0", "\xc2\xa0"},          // no-break space
-    {"\xc2\xad", "\xc2\xad"},          // soft hyphen
-    {"\xe2\x80\x80", "\xe2\x80\x8f"},  // spaces, zero width, direction
-    {"\xe2\x80\xa8", "\xe2\x80\xaf"},  // line separator, direction
-    {"\xe2\x81\x9f", "\xe2\x81\xaf"},  // spaces, zero width, direction
-    {"\xe3\x80\x80", "\xe3\x80\x80"},  // wide space
-    {"\xef\xbb\xbf", "\xef\xbb\xbf"},  // byte order mark
+    {"\xc2\xa0", "\xc2\xa0"},                  // no-break space
+    {"\xc2\xad", "\xc2\xad"},                  // soft hyphen
+    {"\xd8\x9c", "\xd8\x9c"},                  // direction
+    {"\xe1\xa0\x8e", "\xe1\xa0\x8e"},          // zero width
+    {"\xe2\x80\x80", "\xe2\x80\x8f"},          // spaces, zero width, direction
+    {"\xe2\x80\xa8", "\xe2\x80\xaf"},          // line separator, direction
+    {"\xe2\x81\x9f", "\xe2\x81\xaf"},          // spaces, zero width, direction
+    {"\xe3\x80\x80", "\xe3\x80\x80"},          // wide space
+    {"\xef\xbb\xbf", "\xef\xbb\xbf"},          // byte order mark
+    {"\xef\xbf\xb9", "\xef\xbf\xbb"},          // marks of annotations
+    {"\xf3\xa0\x80\x80", "\xf3\xa0\x81\xbf"},  // tags
 };
 
 bool isUnseen(std::string_view character) {
@@ -80,14 +84,18 @@ std::string escapes(std::string_view part) {
   return text;
 }
 
-bool isEscaped(std::string_view character) {
-  return isControl(character) || isUnseen(character) || character == "\\";
-}
+bool isHidden(std::string_view character) { return isControl(character) || isUnseen(character); }
+
+bool isEscaped(std::string_view character) { return isHidden(character) || character == "\\"; }
 
 }  // namespace
 
+bool isPrintable(std::string_view text) {
+  return replaced(text, isControl, [](std::string_view) { return ""; }).size() == text.size();
+}
+
 std::string harmless(std::string_view text) {
-  return replaced(text, isControl, [](std::string_view) { return "?"; });
+  return replaced(text, isHidden, [](std::string_view) { return "?"; });
 }
 
 std::string visible(std::string_view text) { return replaced(text, isEscaped, escapes); }

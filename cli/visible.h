@@ -7,12 +7,15 @@
 // What is done about bytes that do not show as they are.
 namespace ovxid::cli {
 
-// The text with a question mark for each control character and each byte that is no UTF-8: a
-// terminal would obey them.
+// Whether the text is UTF-8 and has no control character.
+bool isPrintable(std::string_view text);
+
+// The text with a question mark for each byte that is no UTF-8 and each character that does not
+// show: a terminal would obey it, or hide what is there, as the marks that change the direction of
+// letters.
 std::string harmless(std::string_view text);
 
-// The text with an escape for each byte of these and of other characters that do not show, as the
-// no-break space: \0, \t, \n, \r or \xHH. A backslash is doubled.
+// The text with an escape for each byte of these: \0, \t, \n, \r or \xHH. A backslash is doubled.
 std::string visible(std::string_view text);
 
 // What of a value is shown. A line is for people: of a long value, the beginning has to do.

@@ -27,19 +27,14 @@ void setText(Json& object, const std::string& key, const std::string& text) {
   }
 }
 
-// Cells may look like short strings.
-bool isPrintable(std::string_view text) {
-  const std::string printed = harmless(text);
-  return !text.empty() && printed == text;
-}
-
-// The strings of a list such as `compatible`. A single string is no list.
+// The strings of a list such as `compatible`. A single string is no list. Cells may look like short
+// strings.
 Json strings(std::string_view value) {
   Json list = Json::array();
   while (!value.empty()) {
     const auto end = value.find('\0');
     const std::string_view text = value.substr(0, end);
-    if (end == std::string_view::npos || !isPrintable(text)) {
+    if (end == std::string_view::npos || text.empty() || !isPrintable(text)) {
       return Json::array();
     }
     list.push_back(text);

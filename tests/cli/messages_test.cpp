@@ -98,13 +98,114 @@ TEST_F(FrontEnd, ShowsControlCharactersOfADiagnosticAsQuestionMarks) {
             (Outcome{127, "", "ovxid: a?b?[0m??: No such file or directory\n"}));
 }
 
+// Words that a terminal would obey, or that would hide what stands there.
+struct OddCase {
+  const char* name;
+  const char* word;
+  const char* shown;
+};
+
+void PrintTo(const OddCase& odd, std::ostream* out) { *out << odd.name; }
+
+class Diagnostic : public FrontEnd, public testing::WithParamInterface<OddCase> {
+ protected:
+  // What a terminal is told of a command line with this word.
+  std::string complaint(const Arguments& arguments) {
+    const Terminal terminal;
+    messagesTo(terminal.path());
+    ovxid(arguments);
+    return terminal.shown();
+  }
+
+  std::string mWord = GetParam().word;
+  std::string mShown = GetParam().shown;
+};
+
+TEST_P(Diagnostic, ShowsACommand) {
+  EXPECT_EQ(complaint({mWord}), "ovxid: " + mShown + ": no such command (see 'ovxid --help')\r\n");
+}
+
+TEST_P(Diagnostic, ShowsAnOption) {
+  EXPECT_EQ(complaint({"--" + mWord}),
+            "ovxid: --" + mShown + ": no such option (see 'ovxid --help')\r\n");
+}
+
+TEST_P(Diagnostic, ShowsTheValueOfAnOptionThatTakesNone) {
+  EXPECT_EQ(complaint({"--verbose=" + mWord}),
+            "ovxid: --verbose=" + mShown + ": takes no value (see 'ovxid --help')\r\n");
+}
+
+TEST_P(Diagnostic, ShowsTheValueOfAnOption) {
+  EXPECT_EQ(complaint({"list", "--format", mWord}),
+            "ovxid: " + mShown + ": no such format (see 'ovxid help list')\r\n");
+}
+
+TEST_P(Diagnostic, ShowsAnArgumentTooMany) {
+  EXPECT_EQ(complaint({"list", mWord}),
+            "ovxid: " + mShown + ": too many arguments for 'list' (see 'ovxid help list')\r\n");
+}
+
+TEST_P(Diagnostic, ShowsAParameter) {
+  EXPECT_EQ(complaint({"get", mWord}),
+            "ovxid: " + mShown + ": the board has no such parameter\r\n");
+}
+
+TEST_P(Diagnostic, ShowsAParameterOfTheBoard) {
+  mBoard.property("rather-long-name-" + mWord, "");
+  EXPECT_EQ(complaint({"get", "OVX_RATHER-LONG-NAME-x"}),
+            "ovxid: OVX_RATHER-LONG-NAME-x: the board has no such parameter, did you mean "
+            "'OVX_RATHER-LONG-NAME-" +
+                mShown + "'?\r\n");
+}
+
+TEST_P(Diagnostic, ShowsAFileThatCannotBeRead) {
+  EXPECT_EQ(complaint({"check", "/" + mWord}),
+            "ovxid: /" + mShown + ": No such file or directory\r\n");
+}
+
+TEST_P(Diagnostic, ShowsAFileThatCannotBeWritten) {
+  EXPECT_EQ(complaint({"list", "--output", "/" + mWord + "/x"}),
+            "ovxid: /" + mShown + "/x: No such file or directory\r\n");
+}
+
+TEST_P(Diagnostic, ShowsARecordingThatCannotBeMade) {
+  EXPECT_EQ(complaint({"record", "/" + mWord + "/x"}),
+            "ovxid: /" + mShown + "/x: No such file or directory\r\n");
+}
+
+TEST_P(Diagnostic, ShowsAProgram) {
+  EXPECT_EQ(complaint({"run", mWord}), "ovxid: " + mShown + ": No such file or directory\r\n");
+}
+
+TEST_P(Diagnostic, ShowsAShell) {
+  shellIs(GetParam().word);
+  EXPECT_EQ(complaint({"shell"}), "ovxid: " + mShown + ": No such file or directory\r\n");
+}
+
+INSTANTIATE_TEST_SUITE_P(Of, Diagnostic,
+                         testing::Values(OddCase{"AColour", "\x1b[31MX", "?[31MX"},
+                                         OddCase{"ALineOfItsOwn", "X\r\nOVX", "X??OVX"},
+                                         OddCase{"ABell", "X\a\x7f", "X??"},
+                                         OddCase{"AControlCharacterOfEightBits", "\x9b[1M", "?[1M"},
+                                         OddCase{"AControlCharacterInUtf8", "\xc2\x9b[1M", "?[1M"},
+                                         OddCase{"APartOfACharacter", "X\xe2\x82", "X??"},
+                                         OddCase{"AnotherDirection", "X\xe2\x80\xaeY", "X?Y"},
+                                         OddCase{"AnIsolatedDirection", "X\xe2\x81\xa6Y", "X?Y"},
+                                         OddCase{"AHiddenCharacter", "X\xe2\x80\x8bY", "X?Y"},
+                                         OddCase{"AnOrdinaryCharacter", "X\xc3\xa9", "X\xc3\xa9"}),
+                         [](const auto& test) { return test.param.name; });
+
+TEST_F(FrontEnd, ShowsAnOptionOfOneByteThatIsNoCharacterAsAQuestionMark) {
+  EXPECT_EQ(ovxid({"-\x9b"}).err, "ovxid: -?: no such option (see 'ovxid --help')\n");
+}
+
 TEST_F(FrontEnd, VerboseSendsNoControlCharactersToATerminal) {
-  mBoard.cpuinfo("Hardware\t: \x1b[31mFi\xc3\xa9ld\xff\xc2\x9b\n");
+  mBoard.cpuinfo("Hardware\t: \x1b[31mFi\xc3\xa9ld\xff\xc2\x9b\xe2\x80\xae\n");
   const Terminal terminal;
   messagesTo(terminal.path());
   EXPECT_EQ(ovxid({"-v", "name"}).out, "Unknown\n");
   EXPECT_THAT(terminal.shown(),
-              HasSubstr("debug: Cpuinfo line: Hardware?: ?[31mFi\xc3\xa9ld??\r\n"));
+              HasSubstr("debug: Cpuinfo line: Hardware?: ?[31mFi\xc3\xa9ld???\r\n"));
 }
 
 TEST_F(FrontEnd, VerboseSendsEveryByteToAFile) {
