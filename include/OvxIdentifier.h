@@ -17,9 +17,13 @@
  * @brief The logger of the board's closed logging library, libqlog.so.0, or of the program's own.
  *
  * The library calls the non-virtual methods debug, info, warn, error and fatal, each declared as
- * void debug(const char* format, ...), through weak references. A program that passes a logger must
+ * void debug(const char* text, ...), through weak references. A program that passes a logger must
  * define all five so that the dynamic linker finds them: outside the class and with default
  * visibility. A call of a missing method crashes, since its address is null.
+ *
+ * The one argument is the message, a finished text, and none ever follows it. A logger takes it as
+ * text. One that gives it to vprintf(3) as the format crashes on a board with the description
+ * "Gate %s%n".
  */
 class cQlog;
 struct FTW;
@@ -91,9 +95,9 @@ class __attribute__((visibility("default"))) OvxIdentifier {
    * Logs "Creating OvxIdentifier..." at DEBUG and calls findKnownIdentities(). The board is not
    * identified yet.
    *
-   * @param logger Receives every log message, and must be there as long as members are called. It
-   *        stays the caller's: it is never freed or replaced. With null, nothing is logged and no
-   *        message is composed.
+   * @param logger Receives every log message, as a finished text that it must not take for a
+   *        format, and must be there as long as members are called. It stays the caller's: it is
+   *        never freed or replaced. With null, nothing is logged and no message is composed.
    */
   explicit OvxIdentifier(cQlog* logger);
 
@@ -161,8 +165,8 @@ class __attribute__((visibility("default"))) OvxIdentifier {
   /**
    * @brief Hands a message to the logger, or drops it when there is none.
    *
-   * @param message The text, up to its first NUL byte. The logger receives it as its printf-style
-   *        format and no further argument: a '%' in it is the logger's to interpret.
+   * @param message The text, up to its first NUL byte. The logger receives it as it stands, and no
+   *        further argument.
    * @param level Chooses the logger's method: FATAL (0) fatal, ERROR (300) error, WARN (400) warn,
    *        INFO (600) info; every other value debug.
    */
