@@ -1,7 +1,7 @@
 # shellcheck shell=bash
 # The board that the tests replay, and what they expect of it. Sourced by the files of tests.
 
-build=${OVXID_BUILD_DIR:-$BATS_TEST_DIRNAME/../../build/test}
+build=${OVXID_BUILD_DIR:-$BATS_TEST_DIRNAME/../../build/release}
 board=$BATS_TEST_TMPDIR/board
 namespaces=$BATS_TEST_DIRNAME/../simulation/namespaces
 export PATH=$build/replay:$build/cli:$PATH LC_ALL=C

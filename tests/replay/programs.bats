@@ -41,6 +41,7 @@ setup() {
 }
 
 @test "a program that is missing is not found" {
+  PATH=$build/replay:$build/cli:/usr/bin:/bin
   expect 127 'ovxid-replay: no-such: No such file or directory' on_board no-such
 }
 
