@@ -16,6 +16,7 @@
 #include <cstddef>
 #include <cstdio>
 #include <cstdlib>
+#include <filesystem>
 #include <iterator>
 #include <sstream>
 #include <system_error>
@@ -39,6 +40,13 @@ void replaceByClosedPipe(int descriptor) {
   require(pipe2(ends, O_CLOEXEC), "make a pipe");
   require(dup2(ends[1], descriptor), "replace a stream by a pipe");
   close(ends[0]);
+}
+
+// The linker takes a path with a blank for two.
+void preload(const char* library) {
+  const std::filesystem::path path(library);
+  setenv("LD_LIBRARY_PATH", path.parent_path().c_str(), 1);
+  setenv("LD_PRELOAD", path.filename().c_str(), 1);
 }
 
 }  // namespace
@@ -139,7 +147,7 @@ void FrontEnd::isPosixlyCorrect() {
 
 void FrontEnd::kernelIs(const std::string& release, const std::string& machine) {
   mPreparations.emplace_back([release, machine] {
-    setenv("LD_PRELOAD", OVXID_OTHER_KERNEL, 1);
+    preload(OVXID_OTHER_KERNEL);
     setenv("OVXID_RELEASE", release.c_str(), 1);
     setenv("OVXID_MACHINE", machine.c_str(), 1);
   });
@@ -171,7 +179,7 @@ void FrontEnd::kernelRefuses(long call, unsigned argument) {
 
 void FrontEnd::refusesAllocation(int number) {
   mPreparations.emplace_back([number] {
-    setenv("LD_PRELOAD", OVXID_SCARCE_MEMORY, 1);
+    preload(OVXID_SCARCE_MEMORY);
     setenv("OVXID_REFUSED", std::to_string(number).c_str(), 1);
   });
 }

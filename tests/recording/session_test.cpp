@@ -21,6 +21,10 @@ using ovxid::recording::session;
 
 TEST(Escapes, LeaveWhatShows) { EXPECT_EQ(escaped("Kestrel #1 (Rev B)"), "Kestrel #1 (Rev B)"); }
 
+TEST(Escapes, BeginBelowTheBlankAndBehindTheTilde) {
+  EXPECT_EQ(escaped("\x1f ~\x7f"), "\\x1f ~\\x7f");
+}
+
 TEST(Escapes, StandForWhatDoesNotShow) {
   EXPECT_EQ(escaped(std::string("\0\t\n\\\xe4\x7f", 6)), "\\x00\\t\\x0a\\\\\\xe4\\x7f");
 }
