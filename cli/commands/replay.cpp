@@ -1,7 +1,13 @@
+#include <paths.h>
 #include <unistd.h>
 
+#include <algorithm>
+#include <array>
 #include <cerrno>
+#include <climits>
+#include <cstdlib>
 #include <cstring>
+#include <string>
 #include <vector>
 
 #include "command.h"
@@ -16,11 +22,30 @@ namespace {
 char program[] = "ovxid-replay";
 char endOfOptions[] = "--";
 
+// Where this program is. Empty if nothing tells.
+std::string ownDirectory() {
+  std::array<char, PATH_MAX> path{};
+  const ssize_t size = readlink("/proc/self/exe", path.data(), path.size());
+  const std::string own(path.data(), static_cast<std::size_t>(std::max<ssize_t>(size, 0)));
+  return own.substr(0, own.rfind('/'));
+}
+
+// Both programs stand beside each other, wherever they are installed, and each runs the other one.
+void makePathLeadHere() {
+  const char* const set = std::getenv("PATH");
+  const std::string path = set == nullptr ? _PATH_DEFPATH : set;
+  const std::string own = ownDirectory();
+  if (!own.empty() && (":" + path + ":").find(":" + own + ":") == std::string::npos) {
+    setenv("PATH", (own + ":" + path).c_str(), 1);
+  }
+}
+
 }  // namespace
 
 int replay(const Invocation& invocation) {
   std::vector<char*> words = {program, endOfOptions};
   words.insert(words.end(), invocation.operands, invocation.operands + invocation.operandCount + 1);
+  makePathLeadHere();
   const InheritedHandlers handlers;
   execvp(program, words.data());
   if (errno == ENOENT) {

@@ -411,16 +411,4 @@ TEST_F(Record, NeedsADirectory) {
             (Outcome{2, "", "ovxid: record: DIRECTORY is missing (see 'ovxid help record')\n"}));
 }
 
-TEST_F(FrontEnd, TellsThatReplayIsNotInstalled) {
-  EXPECT_EQ(ovxid({"replay", "/proc"}),
-            (Outcome{127, "", "ovxid: ovxid-replay: not installed (package ovxid-replay)\n"}));
-}
-
-TEST_F(FrontEnd, TellsThatReplayCannotBeRun) {
-  mBoard.file("/proc/programs/ovxid-replay", "");
-  pathIs("/proc/programs");
-  EXPECT_EQ(ovxid({"replay", "/proc"}),
-            (Outcome{126, "", "ovxid: ovxid-replay: Permission denied\n"}));
-}
-
 }  // namespace
