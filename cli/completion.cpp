@@ -56,12 +56,12 @@ std::string parameterNames(const Place& place) {
 std::string files(const Place& place) { return "files " + place.prefix + "\n"; }
 
 std::string program(const Place& place) {
-  return "program " + std::to_string(place.firstOperand) + "\n";
+  return "program " + std::to_string(place.program) + "\n";
 }
 
-// The words behind a program, or behind the shell.
+// The words behind a program, or those of the shell, which stand behind none.
 std::string arguments(const Place& place) {
-  return place.command->launches == Launches::firstOperand ? program(place) : files(place);
+  return place.command->operandAt(0) == "ARG" ? files(place) : program(place);
 }
 
 // What may stand for a placeholder that is not one of a few choices.

@@ -52,9 +52,19 @@ void readCommand(int argc, char** argv, bool isOption, Place& place) {
   }
   const int operand = argc - 1 - optind;
   const bool launches = command.launches == Launches::firstOperand && operand > 0;
-  place.firstOperand += optind;
+  place.program += optind;
   place.placeholder = placeholder(isOption && !launches && !options.wereEndedByDashes(argv),
                                   command.operandAt(operand));
+}
+
+// All words behind the command are operands, but for a "--" before the first one or the program.
+void readWords(int argc, char** argv, Place& place) {
+  const int last = argc - 1;
+  const auto isMark = [&](int at) { return at < last && std::string_view(argv[at]) == "--"; };
+  const int first = isMark(1) ? 2 : 1;
+  const int second = isMark(first + 1) ? first + 2 : first + 1;
+  place.program += second;
+  place.placeholder = place.command->operandAt(last < second ? 0 : last - second + 1);
 }
 
 }  // namespace
@@ -77,11 +87,11 @@ Place placeOfLast(int argc, char** argv) {
     return place;
   }
   place.command = &commandNamed(argv[position]);
+  place.program = position - 1;
   if (place.command->launches == Launches::everyWord) {
-    place.placeholder = place.command->operandAt(0);
+    readWords(argc - position, argv + position, place);
     return place;
   }
-  place.firstOperand = position - 1;
   readCommand(argc - position, argv + position, option, place);
   return place;
 }

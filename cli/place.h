@@ -16,8 +16,9 @@ struct Place {
   std::string placeholder;
   // What stands there already and stays, such as "--format=".
   std::string prefix;
-  // How many words stand before the first operand of the command, the front end's own name aside.
-  int firstOperand = 0;
+  // How many words stand before the program that the command launches, the front end's own name
+  // aside. Known where the program or its arguments stand.
+  int program = 0;
 };
 
 // Reads the words behind the first, which is the front end's own name. There is at least one.

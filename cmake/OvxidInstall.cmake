@@ -28,13 +28,20 @@ if(OVXID_BUILD_CLI)
       \"${PROJECT_BINARY_DIR}/ovxid.service\" @ONLY)" COMPONENT runtime)
   install(FILES "${PROJECT_BINARY_DIR}/ovxid.service"
     DESTINATION lib/systemd/system COMPONENT runtime)
-  # Where Debian's shells look.
-  install(FILES cli/completions/ovxid.bash RENAME ovxid
-    DESTINATION "${CMAKE_INSTALL_DATADIR}/bash-completion/completions" COMPONENT runtime)
+  # Where Debian's shells look. Those of bash and fish are found by the names of the commands. zsh looks
+  # for those of packages in another folder, and fish below /usr/local only where XDG_DATA_DIRS says so.
+  foreach(command ovxid ovxid-replay)
+    install(FILES cli/completions/ovxid.bash RENAME ${command}
+      DESTINATION "${CMAKE_INSTALL_DATADIR}/bash-completion/completions" COMPONENT runtime)
+    install(FILES cli/completions/ovxid.fish RENAME ${command}.fish
+      DESTINATION "${CMAKE_INSTALL_DATADIR}/fish/vendor_completions.d" COMPONENT runtime)
+  endforeach()
+  set(ovxid_zsh_folder site-functions)
+  if(CMAKE_INSTALL_PREFIX STREQUAL "/usr")
+    set(ovxid_zsh_folder vendor-completions)
+  endif()
   install(FILES cli/completions/_ovxid
-    DESTINATION "${CMAKE_INSTALL_DATADIR}/zsh/vendor-completions" COMPONENT runtime)
-  install(FILES cli/completions/ovxid.fish
-    DESTINATION "${CMAKE_INSTALL_DATADIR}/fish/vendor_completions.d" COMPONENT runtime)
+    DESTINATION "${CMAKE_INSTALL_DATADIR}/zsh/${ovxid_zsh_folder}" COMPONENT runtime)
 endif()
 if(OVXID_BUILD_REPLAY)
   install(TARGETS ovxid_replay RUNTIME COMPONENT replay)

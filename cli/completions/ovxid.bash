@@ -1,5 +1,6 @@
 # shellcheck shell=bash
-# Completion of ovxid's command line in bash. ovxid itself tells what may stand at the cursor.
+# Completion of ovxid's command line in bash. ovxid itself tells what may stand at the cursor. The command
+# line of ovxid-replay is that of `ovxid replay`.
 
 # bash has taken the line apart at each of COMP_WORDBREAKS, such as "=". Puts it together again up to the
 # cursor: `words` are its words, and `starts` where in COMP_WORDS each of them starts.
@@ -49,7 +50,7 @@ _ovxid_program() {
 }
 
 _ovxid() {
-  local words=() starts=() told=()
+  local words=() starts=() told=() verb=()
   COMPREPLY=()
   if [[ ${COMP_WORDS[COMP_CWORD - 1]} == [\<\>]* ]]; then
     compopt -o default
@@ -57,7 +58,8 @@ _ovxid() {
   fi
   _ovxid_words
   local plain=("${words[@]//[\"\'\\]/}")
-  mapfile -t told < <(command ovxid complete -- "${plain[@]:1}" 2>/dev/null)
+  [[ ${plain[0]##*/} != ovxid-replay ]] || verb=(replay)
+  mapfile -t told < <(command ovxid complete -- "${verb[@]}" "${plain[@]:1}" 2>/dev/null)
   case ${told[0]-} in
     "words "*)
       local candidates=("${told[@]:1}")
@@ -65,8 +67,8 @@ _ovxid() {
       _ovxid_offer "${candidates[@]/#/"${told[0]#words }"}"
       ;;
     "files "*) compopt -o default ;;
-    "program "*) _ovxid_program "${starts[${told[0]#program } + 1]}" ;;
+    "program "*) _ovxid_program "${starts[${told[0]#program } + 1 - ${#verb[@]}]}" ;;
   esac
 }
 
-complete -F _ovxid ovxid
+complete -F _ovxid ovxid ovxid-replay

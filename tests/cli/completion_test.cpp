@@ -165,6 +165,22 @@ TEST_F(Completion, OffersFilesForAllWordsOfTheShell) {
   EXPECT_EQ(complete({"shell", "--", "-c", "-"}), files);
 }
 
+TEST_F(Completion, OffersFilesForARecording) {
+  const Outcome files = {0, "files \n", ""};
+  EXPECT_EQ(complete({"replay", ""}), files);
+  EXPECT_EQ(complete({"replay", "--", ""}), files);
+  EXPECT_EQ(complete({"record", ""}), files);
+}
+
+TEST_F(Completion, TellsWhereTheCommandLineOfAReplayedProgramBegins) {
+  EXPECT_EQ(complete({"replay", "board", ""}), (Outcome{0, "program 2\n", ""}));
+  EXPECT_EQ(complete({"replay", "board", "-"}), (Outcome{0, "program 2\n", ""}));
+  EXPECT_EQ(complete({"replay", "board", "--", ""}), (Outcome{0, "program 3\n", ""}));
+  EXPECT_EQ(complete({"replay", "board", "ls", "--", "-"}), (Outcome{0, "program 2\n", ""}));
+  EXPECT_EQ(complete({"-v", "replay", "--", "board", "--", "ls", "a", ""}),
+            (Outcome{0, "program 5\n", ""}));
+}
+
 struct EndCase {
   const char* name;
   Arguments words;
