@@ -1,7 +1,12 @@
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include "cli/front_end.h"
 #include "cli/terminal.h"
+#include "simulation/descriptors.h"
+
+using testing::HasSubstr;
+using testing::Not;
 
 namespace {
 
@@ -103,6 +108,28 @@ TEST_F(Check, FindsBlanksAroundValues) {
             "1: warning: there are blanks around 'Kestrel ', which belong to it [blanks]\n"
             "1: warning: there are blanks around '12 ' [blanks]\n"
             "1: warning: there are blanks around '\\tk2', which belong to it [blanks]\n");
+}
+
+TEST_F(Check, FindsEachBlankAtEitherEndOfAValue) {
+  for (const std::string blank : {" ", "\t", "\v", "\f", "\xc2\xa0"}) {
+    for (const std::string& alias : {blank, blank + "k", "k" + blank, blank + "k" + blank}) {
+      EXPECT_THAT(found("A:1:" + alias + "\n"), HasSubstr("[blanks]")) << alias;
+      EXPECT_THAT(found("A:1:" + alias + "\r\n"), HasSubstr("[blanks]")) << alias;
+    }
+    EXPECT_THAT(found("A:1:k" + blank + "k\n"), Not(HasSubstr("[blanks]"))) << blank;
+  }
+  EXPECT_THAT(found("A:1:\xc2\n"), Not(HasSubstr("[blanks]")));
+}
+
+TEST_F(Check, FindsTextBehindANumberWhateverStandsBeforeIt) {
+  for (const std::string blank : {"", " ", "\t", "\v", "\f", "\r", " \t\v\f\r"}) {
+    for (const std::string number : {"5", "+5", "-5", "50"}) {
+      const std::string line = "A:" + blank + number + blank;
+      EXPECT_THAT(found(line + "\n"), Not(HasSubstr("[number-text]"))) << line;
+      EXPECT_THAT(found(line + "x\n"), HasSubstr("[number-text]")) << line;
+      EXPECT_THAT(found(line + "+\n"), HasSubstr("[number-text]")) << line;
+    }
+  }
 }
 
 TEST_F(Check, FindsTextBehindTheDigitsOfANumber) {
@@ -271,6 +298,14 @@ TEST_F(Check, ReadsTheFilesThatItIsGiven) {
                      "/proc/in/b:2: error: the line is passed over: it must contain at least two "
                      "colon separated values\n",
                      ""}));
+}
+
+TEST_F(Check, ReadsMoreFilesThanItMayHaveOpen) {
+  mBoard.file("/proc/in/a", "Kestrel:12\n");
+  const FreeDescriptors few(8);
+  Arguments arguments(20, "/proc/in/a");
+  arguments.insert(arguments.begin(), "check");
+  EXPECT_EQ(ovxid(arguments), (Outcome{0, "", ""}));
 }
 
 TEST_F(Check, ReadsStandardInput) {

@@ -64,6 +64,8 @@ TEST_F(FrontEnd, IsVerboseWhereverTheOptionStands) {
   EXPECT_EQ(ovxid({"name", "-v"}), outcome);
   EXPECT_EQ(ovxid({"--verbose", "name"}), outcome);
   EXPECT_EQ(ovxid({"name", "--verbose"}), outcome);
+  EXPECT_EQ(ovxid({"-v", "name", "-v"}), outcome);
+  EXPECT_EQ(ovxid({"-vv", "name", "-vv"}), outcome);
 }
 
 TEST_F(FrontEnd, VerbosePrintsTheSameMessagesForEveryCommand) {

@@ -4,6 +4,7 @@
 #include <sys/mman.h>
 #include <sys/mount.h>
 #include <sys/socket.h>
+#include <sys/stat.h>
 #include <sys/syscall.h>
 #include <unistd.h>
 
@@ -86,6 +87,18 @@ TEST_F(Record, LeavesOutWhatIsNotThere) {
   std::map<std::string, std::string> files = recorded();
   files.erase("said");
   EXPECT_THAT(files, ElementsAre(testing::Key("interfaces"), testing::Key("machine")));
+}
+
+TEST_F(Record, GivesFilesTheModeThatTheUmaskGives) {
+  const mode_t before = umask(027);
+  recorded();
+  umask(before);
+  EXPECT_EQ(fs::status(std::string(recording) + "/machine").permissions(), fs::perms(0640));
+}
+
+TEST_F(Record, KeepsTheAddressOfAnInterfaceWithTheLongestName) {
+  mBoard.interface("fifteen-letters", "02:42:ac:11:00:0f").property("wan", "fifteen-letters");
+  EXPECT_EQ(recorded()["interfaces"], "fifteen-letters - 02:42:ac:11:00:0f\n");
 }
 
 TEST_F(Record, KeepsNodesWithoutProperties) {
