@@ -31,12 +31,12 @@ class ExplainMiss : public Explain {
 TEST_F(ExplainMiss, TellsOfNearMissesOfTheRelease) {
   releaseEndsIn("k2", "4 boards");
   mBoard.catalogue(
-      bytes("Kestrel:1:K2:k3\r\nk2:2: k2\nMerlin:3:k2\r\nK2:4:k\0"
+      bytes("Kestrel:1:K2:k3\r\nk2:2: k 2 \nMerlin:3:k2\r\nK2:4:k\0"
             "2:k2+:k\xc2\xa0\t2\n"));
   EXPECT_EQ(explain(),
             mReport.remarking(
                 {noNode, "'k2' differs from the alias 'K2' in line 1 only in case.",
-                 "'k2' differs from the alias ' k2' in line 2 only in blanks.",
+                 "'k2' differs from the alias ' k 2 ' in line 2 only in blanks.",
                  "'k2' differs from the alias 'k2\\r' in line 3 only in a carriage return.",
                  "'k2' differs from the alias 'k\\02' in line 4 only in a NUL byte.",
                  "'k2' differs from the alias 'k2+' in line 4 only in a '+'.",

@@ -157,22 +157,25 @@ TEST_P(ExplainDescription, TellsWhatIsMadeOfIt) {
 
 constexpr const char* emptyDescription = "The description is empty, and so is the name.";
 constexpr const char* firstLine = "Only the first line of the description is the name.";
+constexpr const char* firstText =
+    "Programs see the name only as far as the first NUL byte of the description.";
+constexpr const char* cut =
+    "The property 'description' is cut at its newline: it sets 'OVX_DESCRIPTION' to 'Kestrel'.";
 
 INSTANTIATE_TEST_SUITE_P(
     Of, ExplainDescription,
-    testing::Values(DescriptionCase{"ANewlineAtTheEnd", bytes("Kestrel\n\0"), "Kestrel", {}},
-                    DescriptionCase{"Nothing", "", "", {emptyDescription}},
-                    DescriptionCase{"ANul", bytes("\0"), "", {emptyDescription}},
-                    DescriptionCase{"TwoNuls", bytes("\0\0"), "", {emptyDescription}},
-                    DescriptionCase{"NulsAtTheEnd", bytes("Kestrel\0\0"), "Kestrel", {}},
-                    DescriptionCase{"TwoLines",
-                                    "Kestrel\nRev B",
-                                    "Kestrel",
-                                    {firstLine,
-                                     "The property 'description' is cut at its newline: it sets "
-                                     "'OVX_DESCRIPTION' to 'Kestrel'."}},
-                    DescriptionCase{
-                        "ACell",
+    testing::Values(
+        DescriptionCase{"ANewlineAtTheEnd", bytes("Kestrel\n\0"), "Kestrel", {}},
+        DescriptionCase{"Nothing", "", "", {emptyDescription}},
+        DescriptionCase{"ANul", bytes("\0"), "", {emptyDescription}},
+        DescriptionCase{"TwoNuls", bytes("\0\0"), "", {emptyDescription}},
+        DescriptionCase{"NulsAtTheEnd", bytes("Kestrel\0\0"), "Kestrel", {}},
+        DescriptionCase{"TwoLines", "Kestrel\nB", "Kestrel", {firstLine, cut}},
+        DescriptionCase{
+            "TwoLinesThatEnd", bytes("Kestrel\nRev B\n\0"), "Kestrel", {firstLine, cut}},
+        DescriptionCase{"TwoTexts", bytes("Kestrel\0Rev B\0"), "Kestrel", {firstText}},
+        DescriptionCase{"TwoTextsAndANul", bytes("Kestrel\0Rev B\0\0"), "Kestrel", {firstText}},
+        DescriptionCase{"ACell",
                         bytes("\0\0\0\x0c"),
                         "",
                         {"The description is of cells, but is read as text: the name is empty."}}),

@@ -31,6 +31,11 @@ TEST_F(ExplainParameters, OverlooksLinksThatLeadNowhere) {
   EXPECT_EQ(explain(), mReport.remarkingNothing());
 }
 
+TEST_F(ExplainParameters, FollowsLinksToProperties) {
+  mBoard.property("site", "hall").link("a-link", "site");
+  EXPECT_EQ(explain(), mReport.remarking({"Shells cannot have variables named 'OVX_A-LINK'."}));
+}
+
 TEST_F(ExplainParameters, TellsOfANodeThatCannotBeRead) {
   mBoard.property("a-node/key", "x").permissions("/proc/device-tree/orvanix/a-node", 0);
   obeysModes();
@@ -49,30 +54,32 @@ TEST_F(ExplainParameters, TellsOfAPropertyThatCannotBeRead) {
 }
 
 TEST_F(ExplainParameters, TellsOfPropertiesThatAreCutAtANewline) {
-  mBoard.property("card@1/notice", "first\nsecond").property("text", "\nx");
+  mBoard.property("card@1/notice", "first\ns").property("text", "\nx");
   mBoard.property("slots", bytes("\0\0\0\n")).property("mask", bytes("\n\0\0\0"));
+  mBoard.property("pins", bytes("\0\0\0\n\0\0\0\0"));
   EXPECT_EQ(
       explain(),
       mReport.remarking(
           {"The property 'mask' is cut at its newline: it sets 'OVX_MASK' to ''.",
            "The property 'card@1/notice' is cut at its newline: it sets 'OVX_NOTICE' to 'first'.",
+           "The property 'pins' is cut at its newline: it sets 'OVX_PINS' to '\\0\\0\\0'.",
            "The property 'slots' is cut at its newline: it sets 'OVX_SLOTS' to '\\0\\0\\0'.",
            "The property 'text' is cut at its newline: it sets 'OVX_TEXT' to ''.",
            "Of cells and of lists of texts, programs see only what stands before the first NUL "
-           "byte: 'OVX_SLOTS'."}));
+           "byte: 'OVX_PINS' and 'OVX_SLOTS'."}));
 }
 
 TEST_F(ExplainParameters, TellsOfValuesThatProgramsSeeInPart) {
   mBoard.property("gates", bytes("north\0south\0"))
-      .property("card/gates", bytes("east\0west\0"))
       .property("speed", bytes("\0\0\0\0"))
       .property("site", bytes("hall\0\0"))
       .property("room", "7")
-      .property("none", bytes("\0"));
-  mBoard.remove("/proc/device-tree/orvanix/card");
-  EXPECT_EQ(explain(),
-            mReport.remarking({"Of cells and of lists of texts, programs see only what stands "
-                               "before the first NUL byte: 'OVX_GATES' and 'OVX_SPEED'."}));
+      .property("none", bytes("\0"))
+      .property("half", bytes("\0\0"));
+  EXPECT_EQ(
+      explain(),
+      mReport.remarking({"Of cells and of lists of texts, programs see only what stands "
+                         "before the first NUL byte: 'OVX_GATES', 'OVX_HALF' and 'OVX_SPEED'."}));
 }
 
 TEST_F(ExplainParameters, TellsOfAVariableThatIsSeenInPartOnce) {
@@ -111,14 +118,26 @@ TEST_F(ExplainNode, TellsWhatANegativeNumberLeavesOut) {
                                           "by the identity."}));
 }
 
+TEST_F(ExplainNode, SaysNothingOfWhatIsLeftOutWherePropertiesStandInForTheIdentity) {
+  identify("-12", "-12");
+  mBoard.property("desc", "x").property("id", "7");
+  EXPECT_EQ(explain(),
+            mReport.remarking(
+                {"Programs see 'OVX_DESC', 'x', which is set by 'desc', not by the identity.",
+                 "Programs see 'OVX_ID', '7', which is set by 'id', not by the identity."}));
+}
+
 TEST_F(Explain, TellsOfPropertiesThatStandInForTheIdentity) {
   mBoard.property("a/id", "7").property("b/id", "7").property("desc", "x");
+  mBoard.property("a/label", "y").property("b/label", "y");
   EXPECT_EQ(explain(),
-            mReport.remarking({"The node /orvanix has no boardid.",
-                               "Programs see 'OVX_DESC', 'x', which is set by 'desc', not by the "
-                               "identity.",
-                               "Programs see 'OVX_ID', '7', which is set by 'a/id' and 'b/id', not "
-                               "by the identity."}));
+            mReport.remarking(
+                {"The node /orvanix has no boardid.",
+                 "Programs see 'OVX_DESC', 'x', which is set by 'desc', not by the "
+                 "identity.",
+                 "Programs see 'OVX_ID', '7', which is set by 'a/id' and 'b/id', not "
+                 "by the identity.",
+                 "Programs see one 'OVX_LABEL', 'y': it is set by 'a/label' and 'b/label'."}));
 }
 
 TEST_F(ExplainParameters, TellsOfPropertiesThatOverwriteEachOther) {
