@@ -274,14 +274,10 @@ void remarkOnWan(const Wan& wan, const Node& node, const std::string& seen, Rema
   }
 }
 
-// The list without the address of the WAN interface, which the library aborts for when the name of
-// the interface is too long.
+// What the walk and the search give. The library asks for the address as well, and aborts when the
+// name of the interface is too long.
 std::vector<ovx_param> listBeforeAddress(Board& board) {
   std::string node(nodePath);
-  if (board.number() >= 0) {
-    board.identifier().addParameter("OVX_ID", std::to_string(board.number()));
-    board.identifier().addParameter("OVX_DESC", board.name());
-  }
   if (OvxDTParser::parse(&board.identifier(), node.data()) != 0 && board.number() == pcNumber) {
     board.identifier().search_wan();
   }

@@ -218,6 +218,20 @@ TEST_F(ExplainParameters, TellsWhyTheKernelDoesNotGiveTheAddress) {
                                "OVX_WAN_ID."}));
 }
 
+TEST_F(ExplainParameters, TakesTheFirstOfSeveralInterfacesOfAProperty) {
+  mBoard.property("wan", bytes("eth8\0eth9\0"));
+  EXPECT_EQ(explain(), mReport.remarking(
+                           {"Of cells and of lists of texts, programs see only what stands "
+                            "before the first NUL byte: 'OVX_WAN'.",
+                            "The WAN interface 'eth8': No such device. There is no OVX_WAN_ID."}));
+}
+
+TEST_F(Explain, SearchesForNoInterfaceOnABoardWithoutTheNumberOfAPc) {
+  mBoard.interface("eth0", "02:42:ac:11:00:02").address("eth0", "192.168.7.2");
+  kernelRefuses(SYS_ioctl, SIOCGIFHWADDR);
+  EXPECT_EQ(explain(), mReport.remarking({noNode}));
+}
+
 TEST_F(ExplainParameters, KnowsTheLongestNameOfAnInterface) {
   mBoard.property("wan", bytes("interface-15byt\0"));
   EXPECT_EQ(explain(), mReport.remarking({"The WAN interface 'interface-15byt': No such device. "
