@@ -153,6 +153,12 @@ TEST_F(Launch, WithoutTheShellDoesNotUseTheCount) {
   EXPECT_EQ(launch(1, {"echo", "a", "b"}, false).out, "a b\n");
 }
 
+TEST_F(Launch, WithoutTheShellExportsWhateverTheCount) {
+  mIdentifier.addParameter("OVX_ID", "3");
+  EXPECT_EQ(launch(-5, {"printenv", "OVX_ID"}, false).out, "3\n");
+  EXPECT_EQ(launch(0, {"printenv", "OVX_ID"}, false).out, "3\n");
+}
+
 TEST_F(Launch, WithoutTheShellDoesNotLookAtShell) {
   mEnvironment = {{"SHELL", "/nonexistent"}};
   EXPECT_EQ(launch({"echo", "a"}, false).out, "a\n");
@@ -192,6 +198,12 @@ TEST_F(Launch, WithTheShellUsesAParameterNamedShell) {
 TEST_F(Launch, WithTheShellAndNoArgumentsStartsItBare) {
   mInput = "echo $0 $#\n";
   EXPECT_EQ(launch({}, true).out, "/bin/bash 0\n");
+}
+
+TEST_F(Launch, ShowsTheParametersToAShellWithoutArguments) {
+  mIdentifier.addParameter("OVX_ID", "3");
+  mInput = "echo $OVX_ID\n";
+  EXPECT_EQ(launch({}, true).out, "3\n");
 }
 
 TEST_F(Launch, RunsLsWithItsArguments) {

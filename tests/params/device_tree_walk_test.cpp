@@ -332,9 +332,14 @@ TEST(DeviceTreeWalk, UpperCasesAsTheLocaleOfTheProcessDoesByThen) {
   EXPECT_EQ(listing(identifier), "OVX_a_b=1\n");
 }
 
-// An upper case that cannot be had.
+// An upper case that cannot be had, and how often it was asked for.
 struct NoUpperCase : std::ctype<char> {
-  char do_toupper(char /*byte*/) const override { throw std::range_error("no upper case"); }
+  explicit NoUpperCase(int& asked) : mAsked(asked) {}
+  char do_toupper(char /*byte*/) const override {
+    ++mAsked;
+    throw std::range_error("no upper case");
+  }
+  int& mAsked;
 };
 
 TEST(DeviceTreeWalk, EndsWithWhatItThrowsAndLeavesNoDirectoryOpen) {
@@ -342,9 +347,11 @@ TEST(DeviceTreeWalk, EndsWithWhatItThrowsAndLeavesNoDirectoryOpen) {
   board.property("child/port", "1").property("wifi", "yes");
   OvxIdentifier identifier(nullptr);
   const auto before = openDescriptors();
-  const std::locale locale = std::locale::global({std::locale::classic(), new NoUpperCase});
+  int asked = 0;
+  const std::locale locale = std::locale::global({std::locale::classic(), new NoUpperCase(asked)});
   EXPECT_THROW(walk(identifier), std::range_error);
   std::locale::global(locale);
+  EXPECT_EQ(asked, 1);
   EXPECT_EQ(openDescriptors(), before);
   EXPECT_EQ(listing(identifier), "");
   EXPECT_EQ(walk(identifier), 0);
