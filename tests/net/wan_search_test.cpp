@@ -191,6 +191,17 @@ TEST(WanSearch, ReportsAFailedSocket) {
   EXPECT_EQ(standardErrorOf([&] { EXPECT_EQ(wanFound(), ""); }), "socket: Too many open files\n");
 }
 
+TEST(WanSearch, WithoutASocketClosesNone) {
+  Board board;
+  board.socketFails(EMFILE);
+  OvxIdentifier identifier(nullptr);
+  standardErrorOf([&] {
+    kernel.askedClose.reset();
+    identifier.search_wan();
+    EXPECT_EQ(kernel.askedClose, std::nullopt);
+  });
+}
+
 TEST(WanSearch, ReportsAFailedRequest) {
   Board board;
   board.interface("eth0", someMac).address("eth0", "10.0.0.1/24").requestFails(SIOCGIFCONF);

@@ -50,6 +50,7 @@ extern "C" ssize_t read(int descriptor, void* buffer, size_t size) {
 }
 
 extern "C" int close(int descriptor) {
+  kernel.askedClose = descriptor;
   const int result = static_cast<int>(syscall(SYS_close, descriptor));
   if (kernel.closeChangesErrno) {
     errno = ENOTTY;

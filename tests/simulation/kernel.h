@@ -27,6 +27,8 @@ struct Kernel {
   std::size_t mostBytes = SIZE_MAX;
   // A successful close(2) may change errno, and does when this is set.
   bool closeChangesErrno = false;
+  // The argument of the last close(2).
+  std::optional<int> askedClose;
   // The arguments of the last socket(2).
   std::array<int, 3> askedSocket{};
   // The interface whose address ioctl(2) was asked for last.
