@@ -13,7 +13,8 @@ class ManualPage : public testing::TestWithParam<const char*> {};
 
 TEST_P(ManualPage, IsOfThisVersion) {
   const std::string page = manualPage(GetParam());
-  EXPECT_THAT(page.substr(0, page.find('\n')), HasSubstr(" " OVXID_DATE " \"ovxid " OVXID_VERSION "\" "));
+  EXPECT_THAT(page.substr(0, page.find('\n')),
+              HasSubstr(" " OVXID_DATE " \"ovxid " OVXID_VERSION "\" "));
 }
 
 INSTANTIATE_TEST_SUITE_P(Page, ManualPage,
