@@ -20,8 +20,9 @@ expect_files() {
   done
 }
 
+# installed_version PACKAGE: without the revision of the packaging.
 installed_version() {
-  dpkg-query --show --showformat='${Version}' "$1"
+  dpkg-query --show --showformat='${source:Upstream-Version}' "$1"
 }
 
 # on_board COMMAND...: runs it on a board, which is number 7, a Field Node. The mounts of the machine
