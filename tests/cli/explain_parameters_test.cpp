@@ -13,6 +13,12 @@ namespace {
 
 class ExplainParameters : public ExplainKestrel {};
 
+std::string seenInPart(const std::string& variables) {
+  return "Of cells and of lists of texts, programs see only what stands before the first NUL "
+         "byte: " +
+         variables + ".";
+}
+
 TEST_F(ExplainParameters, SaysNothingOfPropertiesThatProgramsSeeAsTheyAre) {
   mBoard.interface("eth0", "02:42:ac:11:00:02").property("wan", bytes("eth0\0"));
   mBoard.property("site", "north gate").property("card@1/relay/label", bytes("left\0"));
@@ -65,8 +71,7 @@ TEST_F(ExplainParameters, TellsOfPropertiesThatAreCutAtANewline) {
            "The property 'pins' is cut at its newline: it sets 'OVX_PINS' to '\\0\\0\\0'.",
            "The property 'slots' is cut at its newline: it sets 'OVX_SLOTS' to '\\0\\0\\0'.",
            "The property 'text' is cut at its newline: it sets 'OVX_TEXT' to ''.",
-           "Of cells and of lists of texts, programs see only what stands before the first NUL "
-           "byte: 'OVX_PINS' and 'OVX_SLOTS'."}));
+           seenInPart("'OVX_PINS' and 'OVX_SLOTS'")}));
 }
 
 TEST_F(ExplainParameters, TellsOfValuesThatProgramsSeeInPart) {
@@ -76,10 +81,7 @@ TEST_F(ExplainParameters, TellsOfValuesThatProgramsSeeInPart) {
       .property("room", "7")
       .property("none", bytes("\0"))
       .property("half", bytes("\0\0"));
-  EXPECT_EQ(
-      explain(),
-      mReport.remarking({"Of cells and of lists of texts, programs see only what stands "
-                         "before the first NUL byte: 'OVX_GATES', 'OVX_HALF' and 'OVX_SPEED'."}));
+  EXPECT_EQ(explain(), mReport.remarking({seenInPart("'OVX_GATES', 'OVX_HALF' and 'OVX_SPEED'")}));
 }
 
 TEST_F(ExplainParameters, TellsOfAVariableThatIsSeenInPartOnce) {
@@ -87,8 +89,7 @@ TEST_F(ExplainParameters, TellsOfAVariableThatIsSeenInPartOnce) {
   EXPECT_EQ(explain(),
             mReport.remarking(
                 {"Programs see one 'OVX_GATES', 'north': it is set by 'a/gates' and 'b/gates'.",
-                 "Of cells and of lists of texts, programs see only what stands before the first "
-                 "NUL byte: 'OVX_GATES'."}));
+                 seenInPart("'OVX_GATES'")}));
 }
 
 TEST_F(ExplainParameters, TellsOfPropertiesThatOverwriteTheIdentity) {
@@ -221,8 +222,7 @@ TEST_F(ExplainParameters, TellsWhyTheKernelDoesNotGiveTheAddress) {
 TEST_F(ExplainParameters, TakesTheFirstOfSeveralInterfacesOfAProperty) {
   mBoard.property("wan", bytes("eth8\0eth9\0"));
   EXPECT_EQ(explain(), mReport.remarking(
-                           {"Of cells and of lists of texts, programs see only what stands "
-                            "before the first NUL byte: 'OVX_WAN'.",
+                           {seenInPart("'OVX_WAN'"),
                             "The WAN interface 'eth8': No such device. There is no OVX_WAN_ID."}));
 }
 

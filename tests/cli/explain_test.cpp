@@ -133,8 +133,6 @@ TEST_F(Explain, TellsThatUnameFailed) {
 TEST_F(Explain, CountsTheBoardsOfTheCatalogue) {
   kernelIs("6.1.55-kestrel2", "aarch64");
   mReport.knownByLine("NAME:NUMBER:kestrel2");
-  const std::string catalogue = "/etc/known_ovx_ids: ";
-  const std::string release = "6.1.55-kestrel2: 'kestrel2' is no alias of the ";
   const std::string passedOver = " passed over ('ovxid check' tells why)";
   for (const auto& [content, boards, lines] :
        {std::array<std::string, 3>{"", "0 boards", ""},
@@ -143,8 +141,11 @@ TEST_F(Explain, CountsTheBoardsOfTheCatalogue) {
         {"Gos\n", "0 boards", ", 1 line" + passedOver},
         {"Gos:3\nMerlin:1\n", "2 boards", ""}}) {
     mBoard.catalogue(content);
-    mReport.says("kernel release", release + boards + " in the catalogue")
-        .says("catalogue", catalogue + boards + lines);
+    std::string release = "6.1.55-kestrel2: 'kestrel2' is no alias of the ";
+    release.append(boards).append(" in the catalogue");
+    std::string catalogue = "/etc/known_ovx_ids: ";
+    catalogue.append(boards).append(lines);
+    mReport.says("kernel release", release).says("catalogue", catalogue);
     EXPECT_EQ(explain(), mReport.remarking({noNode})) << content;
   }
 }

@@ -63,12 +63,12 @@ Outcome Report::remarking(const std::vector<std::string>& remarks) const {
     const bool isSource = row != "catalogue";
     const bool isDecided = row == mDecidedBy;
     row.resize(16, ' ');
-    text += row + (isTried || !isSource ? said : "not tried (" + said + ")") + "\n";
+    text.append(row).append(isTried || !isSource ? said : "not tried (" + said + ")").append("\n");
     isTried = isTried && !isDecided;
   }
   text += "\n" + mVerdict;
   for (std::size_t i = 0; i < remarks.size(); ++i) {
-    text += (i == 0 ? "\n- " : "- ") + remarks[i] + "\n";
+    text.append(i == 0 ? "\n- " : "- ").append(remarks[i]).append("\n");
   }
   return {mDecidedBy.empty() ? 1 : 0, text, ""};
 }
