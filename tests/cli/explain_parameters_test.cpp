@@ -168,11 +168,12 @@ TEST_F(ExplainParameters, TellsOfNamesThatNoShellHas) {
 }
 
 TEST_F(ExplainParameters, TellsOfAPropertyThatIsCalledLikeAParameter) {
-  mBoard.property("ovx_site", "hall").property("ovx-name", "x");
+  mBoard.property("ovx_site", "hall").property("site/ovx_site", "hall").property("ovx-name", "x");
   EXPECT_EQ(
       explain(),
       mReport.remarking(
-          {"The property 'ovx_site' becomes 'OVX_OVX_SITE': leave out what stands before its name.",
+          {"Programs see one 'OVX_OVX_SITE', 'hall': it is set by 'ovx_site' and 'site/ovx_site'.",
+           "The property 'ovx_site' becomes 'OVX_OVX_SITE': leave out what stands before its name.",
            "Shells cannot have variables named 'OVX_OVX-NAME'."}));
 }
 
