@@ -181,6 +181,15 @@ TEST_F(Explain, KnowsTheBoardOfAHardwareValueWithANul) {
   EXPECT_EQ(explain(), mReport.remarkingNothing());
 }
 
+TEST_F(Explain, KnowsTheBoardOfAnAliasWithANulByNameAndNumber) {
+  mBoard.cpuinfo(bytes("Hardware: k\0\n"));
+  mBoard.catalogue(bytes("Gos:2\nKestrel:1\nKestrel:2:k\0\n"));
+  mReport.says("cpuinfo", "Hardware 'k\\0' is an alias of 'Kestrel' in line 3")
+      .says("catalogue", "/etc/known_ovx_ids: 3 boards")
+      .identifiedBy("cpuinfo", "'Kestrel', number 2: the Hardware line matches line 3.");
+  EXPECT_EQ(explain(), mReport.remarkingNothing());
+}
+
 TEST_F(Explain, KnowsAHardwareValueThatANulBegins) {
   mBoard.cpuinfo(bytes("Hardware: \0k\n")).catalogue(bytes("\0k:5\n"));
   mReport.says("cpuinfo", "Hardware '\\0k' is the name of the board in line 1")
