@@ -21,7 +21,8 @@ std::string visible(std::string_view text);
 // What of a value is shown. A line is for people: of a long value, the beginning has to do.
 std::string_view beginningOf(std::string_view value);
 
-// The visible beginning of the value between single quotes, and the length of a value that is longer.
+// The visible beginning of the value between single quotes, and the length of a value that is
+// longer.
 std::string shown(std::string_view value);
 
 }  // namespace ovxid::cli
