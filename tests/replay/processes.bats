@@ -88,7 +88,7 @@ with_numbers='
 what_is_there() {
   findmnt --noheadings --raw --output=TARGET,SOURCE,FSTYPE | sort
   ip -brief link
-  pgrep --full "ovxid-replay $board" || true
+  pgrep --full "^ovxid-replay .*$board" || true
 }
 
 @test "nothing is left behind when the program is killed" {
@@ -99,6 +99,8 @@ what_is_there() {
   until [[ $(cat "/proc/$running/comm") == sleep ]]; do
     sleep 0.01
   done
+  # The process that answers.
+  [[ $(what_is_there) != "$before" ]]
   kill -KILL "$running"
   wait "$running" 2>/dev/null || true
   # The process that answers ends by itself.
