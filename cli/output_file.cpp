@@ -58,7 +58,7 @@ void replaceFile(const std::string& path, std::string_view content) {
     requireThatMayBeReplaced(entry, path);
     const Undisturbed undisturbed;
     removeUnfinishedFiles(entry.directory.get());
-    UnfinishedFile file(entry.directory.get());
+    const UnfinishedFile file(entry.directory.get());
     file.write(content, modeInPlaceOf(entry));
     requireThatMessagesWereWritten();
     file.rename(entry.name);

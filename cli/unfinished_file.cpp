@@ -58,11 +58,8 @@ UnfinishedFile::UnfinishedFile(int directory) : mDirectory(directory) {
   } while (isTaken(mFile));
 }
 
-UnfinishedFile::~UnfinishedFile() {
-  if (!mName.empty()) {
-    unlinkat(mDirectory, mName.c_str(), 0);
-  }
-}
+// Where it has taken another place, nothing has this name any more.
+UnfinishedFile::~UnfinishedFile() { unlinkat(mDirectory, mName.c_str(), 0); }
 
 // Until it is whole, it is nobody else's.
 void UnfinishedFile::make() {
@@ -78,9 +75,8 @@ void UnfinishedFile::write(std::string_view content, mode_t mode) const {
   require(fsync(mFile.get()) == 0);
 }
 
-void UnfinishedFile::rename(const std::string& name) {
+void UnfinishedFile::rename(const std::string& name) const {
   require(renameat(mDirectory, mName.c_str(), mDirectory, name.c_str()) == 0);
-  mName.clear();
 }
 
 void removeUnfinishedFiles(int directory) {

@@ -21,7 +21,7 @@ class UnfinishedFile {
 
   // When this returns, the content is on the disk.
   void write(std::string_view content, mode_t mode) const;
-  void rename(const std::string& name);
+  void rename(const std::string& name) const;
 
  private:
   void make();

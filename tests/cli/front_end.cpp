@@ -153,10 +153,10 @@ void FrontEnd::kernelIs(const std::string& release, const std::string& machine) 
   });
 }
 
-void FrontEnd::linksBelongTo(uid_t owner) {
+void FrontEnd::filesBelongTo(uid_t owner) {
   mPreparations.emplace_back([owner] {
     setenv("LD_PRELOAD", OVXID_OTHER_KERNEL, 1);
-    setenv("OVXID_LINK_OWNER", std::to_string(owner).c_str(), 1);
+    setenv("OVXID_OWNER", std::to_string(owner).c_str(), 1);
   });
 }
 

@@ -41,8 +41,8 @@ class FrontEnd : public testing::Test {
   void obeysModes();
   // What uname(2) tells the front end and what it starts. With an empty machine it fails.
   void kernelIs(const std::string& release, const std::string& machine);
-  // Who owns each link that the front end comes upon.
-  void linksBelongTo(uid_t owner);
+  // Who owns what the front end comes upon, directories aside.
+  void filesBelongTo(uid_t owner);
   // The system call fails with EPERM when this is the low half of its second argument.
   void kernelRefuses(long call, unsigned argument);
   // The allocations are counted from 1. Which one was refused is told on standard error.

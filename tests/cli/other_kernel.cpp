@@ -1,6 +1,6 @@
 // Loaded before the front end. It answers for uname(2) with OVXID_RELEASE and OVXID_MACHINE, and
-// with an error when the machine has no name; and for fstat(2) of a link with the owner
-// OVXID_LINK_OWNER: without root, a test can give no file to another user.
+// with an error when the machine has no name; and for fstat(2) of all but
+// directories with the owner OVXID_OWNER: without root, a test can give no file to another user.
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <sys/syscall.h>
@@ -28,8 +28,8 @@ extern "C" int uname(utsname* kernel) noexcept {
 
 extern "C" int fstat(int descriptor, struct stat* status) noexcept {
   const int result = fstatat(descriptor, "", status, AT_EMPTY_PATH);
-  const char* const owner = std::getenv("OVXID_LINK_OWNER");
-  if (result == 0 && owner != nullptr && S_ISLNK(status->st_mode)) {
+  const char* const owner = std::getenv("OVXID_OWNER");
+  if (result == 0 && owner != nullptr && !S_ISDIR(status->st_mode)) {
     status->st_uid = static_cast<uid_t>(std::strtoul(owner, nullptr, 10));
   }
   return result;

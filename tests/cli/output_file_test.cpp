@@ -110,7 +110,7 @@ TEST_F(OutputFile, StaysBehindTwoLinksToIt) {
 
 TEST_F(OutputFile, StaysBehindALinkOfAnotherUserInASharedDirectory) {
   makeSharedDirectory();
-  linksBelongTo(12345);
+  filesBelongTo(12345);
   EXPECT_EQ(listTo("/proc/shared/link"),
             (Outcome{3, "", "ovxid: /proc/shared/link: Permission denied\n"}));
   EXPECT_EQ(contentOf("/proc/out/listing"), "old\n");
@@ -126,13 +126,13 @@ TEST_F(OutputFile, IsReplacedBehindALinkOfTheOwnerOfASharedDirectory) {
   makeSharedDirectory();
   struct stat status {};
   ASSERT_EQ(stat("/proc/shared", &status), 0);
-  linksBelongTo(status.st_uid);
+  filesBelongTo(status.st_uid);
   EXPECT_EQ(listTo("/proc/shared/link"), (Outcome{0, "", ""}));
 }
 
 TEST_F(OutputFile, IsReplacedBehindALinkOfAnotherUserInAnOrdinaryDirectory) {
   makeSharedDirectory();
-  linksBelongTo(12345);
+  filesBelongTo(12345);
   for (const unsigned mode : {0777U, 01775U}) {
     mBoard.permissions("/proc/shared", mode).file("/proc/out/listing", "old\n");
     EXPECT_EQ(listTo("/proc/shared/link"), (Outcome{0, "", ""})) << std::oct << mode;
@@ -367,6 +367,21 @@ TEST_F(OutputFile, IsReplacedInADirectoryThatMayNotBeRead) {
   EXPECT_EQ(contentOf("/proc/out/listing"), "OVX_WIFI=yes\n");
 }
 
+TEST_F(OutputFileRun, LetsNobodyElseReadItBeforeItIsWhole) {
+  const mode_t before = umask(0);
+  EXPECT_TRUE(
+      doAt(1, 0, [] { EXPECT_EQ(modeOf("/proc/out/" + *filesIn("/proc/out").begin()), 0600); }));
+  umask(before);
+  EXPECT_EQ(modeOf("/proc/out/listing"), 0644);
+}
+
+TEST_F(OutputFile, LeavesTheUnfinishedFilesOfAnotherUser) {
+  mBoard.file("/proc/out/.ovxid-unfinished-1-2", "OVX");
+  filesBelongTo(12345);
+  EXPECT_EQ(listTo("/proc/out/listing"), (Outcome{0, "", ""}));
+  EXPECT_EQ(filesIn("/proc/out"), (std::set<std::string>{".ovxid-unfinished-1-2", "listing"}));
+}
+
 // They may be of a user who wants to keep them, or to lead elsewhere.
 TEST_F(OutputFile, LeavesOtherFilesBesideIt) {
   const std::set<std::string> names = {".ovxid-unfinished", ".ovxid-unfinished-directory",
@@ -375,7 +390,9 @@ TEST_F(OutputFile, LeavesOtherFilesBesideIt) {
   mBoard.file("/proc/out/.ovxid-unfinished", "").directory("/proc/out/.ovxid-unfinished-directory");
   std::filesystem::create_symlink("listing", "/proc/out/.ovxid-unfinished-link");
   ASSERT_EQ(mkfifo("/proc/out/.ovxid-unfinished-pipe", 0600), 0);
+  const int reader = open("/proc/out/.ovxid-unfinished-pipe", O_RDONLY | O_NONBLOCK | O_CLOEXEC);
   EXPECT_EQ(listTo("/proc/out/listing"), (Outcome{0, "", ""}));
+  close(reader);
   EXPECT_EQ(filesIn("/proc/out"), names);
 }
 
