@@ -55,18 +55,19 @@ is_indexed() {
   apt_of "$1" apt-cache show "$2" >/dev/null 2>&1
 }
 
-# index_architecture ARCHITECTURE: has apt know the packages of the architecture, if it can.
-index_architecture() {
+# is_no_package ARCHITECTURE PACKAGE: whether Debian has no such package, as far as apt can know.
+is_no_package() {
   lay_out
+  ! is_indexed "$@" && index_architecture "$1" && ! is_indexed "$@"
+}
+
+# index_architecture ARCHITECTURE: has apt know the packages of the architecture. Fails if it does not come to.
+index_architecture() {
   if ! is_indexed "$1" "${userland[0]}"; then
     add_architecture "$1"
     apt_get update || true
   fi
-}
-
-# is_no_package ARCHITECTURE PACKAGE: whether the index of the architecture is there and has no such package.
-is_no_package() {
-  is_indexed "$1" "${userland[0]}" && ! is_indexed "$@"
+  is_indexed "$1" "${userland[0]}"
 }
 
 is_made_kernel() {
