@@ -1,7 +1,9 @@
 #include <fcntl.h>
 #include <gtest/gtest.h>
+#include <sys/mman.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdlib>
 #include <filesystem>
@@ -267,6 +269,22 @@ TEST_F(Launch, WithTheShellLooksAtShellEachTime) {
     return mIdentifier.execute(2, pointers(words).data(), true);
   });
   EXPECT_EQ(outcome, (Outcome{0, "run\n", ""}));
+}
+
+TEST_F(Launch, WithTheShellReadsNothingBehindTheArguments) {
+  const auto page = static_cast<std::size_t>(sysconf(_SC_PAGESIZE));
+  void* const pages =
+      mmap(nullptr, 2 * page, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
+  ASSERT_NE(pages, MAP_FAILED);
+  void* const unreadable = static_cast<char*>(pages) + page;
+  ASSERT_EQ(mprotect(unreadable, page, PROT_NONE), 0);
+  std::vector<std::string> words{"-c", "echo run"};
+  const std::vector<char*> list = pointers(words);
+  char** const arguments = static_cast<char**>(unreadable) - list.size();
+  std::copy(list.begin(), list.end(), arguments);
+  EXPECT_EQ(inChild([&] { return mIdentifier.execute(2, arguments, true); }),
+            (Outcome{0, "run\n", ""}));
+  munmap(pages, 2 * page);
 }
 
 TEST_F(Launch, WithTheShellRefusesANegativeCountBeforeItExports) {
