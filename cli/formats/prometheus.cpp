@@ -30,8 +30,9 @@ std::string boardInfo(Board& board) {
   if (!isUtf8(name)) {
     name = visible(name);
   }
-  return "ovxid_board_info{name=" + quotedLabel(name) + ",number=\"" + std::to_string(board.number()) +
-         "\",source=\"" + (source ? nameOf(*source) : "") + "\"} 1\n";
+  return "ovxid_board_info{name=" + quotedLabel(name) + ",number=\"" +
+         std::to_string(board.number()) + "\",source=\"" + (source ? nameOf(*source) : "") +
+         "\"} 1\n";
 }
 
 }  // namespace
