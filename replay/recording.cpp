@@ -6,8 +6,8 @@
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
-#include <regex>
 #include <sstream>
+#include <string_view>
 #include <system_error>
 
 #include "recording/files.h"
@@ -99,10 +99,18 @@ void readMachine(Recording& recording) {
   }
 }
 
+bool hasOnly(std::string_view characters, std::string_view text) {
+  return !text.empty() && text.find_first_not_of(characters) == std::string_view::npos;
+}
+
 // What the kernel allows and ip(8) takes. A label goes on behind a colon.
-bool isName(const std::string& name) {
-  return std::regex_match(name, std::regex("[A-Za-z0-9_.@+-]{1,15}(:[A-Za-z0-9_.@+-]+)?")) &&
-         name.size() < IFNAMSIZ && name.front() != '.' && name.front() != '-';
+bool isName(std::string_view name) {
+  constexpr std::string_view allowed =
+      "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789_.@+-";
+  const auto colon = name.find(':');
+  return name.size() < IFNAMSIZ && hasOnly(allowed, name.substr(0, colon)) &&
+         (colon == std::string_view::npos || hasOnly(allowed, name.substr(colon + 1))) &&
+         name.front() != '.' && name.front() != '-';
 }
 
 bool isAddress(const std::string& text) {
@@ -110,8 +118,13 @@ bool isAddress(const std::string& text) {
   return inet_pton(AF_INET, text.c_str(), &address) == 1;
 }
 
-bool isMac(const std::string& text) {
-  return std::regex_match(text, std::regex("[0-9a-f]{2}(:[0-9a-f]{2}){5}"));
+bool isMac(std::string_view text) {
+  constexpr std::string_view form = "00:00:00:00:00:00";
+  constexpr std::string_view digits = "0123456789abcdef";
+  return text.size() == form.size() &&
+         std::equal(text.begin(), text.end(), form.begin(), [&](char byte, char place) {
+           return place == ':' ? byte == ':' : digits.find(byte) != std::string_view::npos;
+         });
 }
 
 Address addressOf(const Recording& recording, const std::string& line, std::size_t number) {

@@ -101,3 +101,25 @@ refuses_line() {
   mkfifo "$board/pipe"
   refuses "$board" "$board/pipe: neither a file nor a directory"
 }
+
+@test "a name of fifty thousand letters is refused" {
+  refuses_line interfaces "eth0:$(printf '%050000d' 0) 10.0.0.1 02:00:00:00:00:09" ":1: $unusable"
+}
+
+@test "a MAC address of fifty thousand bytes is refused" {
+  refuses_line interfaces "eth0 10.0.0.1 02$(printf '%.0s:00' {1..50000})" ":1: $unusable"
+}
+
+@test "names that the kernel or ip does not take are refused" {
+  local name
+  for name in sixteen-letters- .eth0 -eth0 eth0: :b eth0:a:b eth/0 eth0:sixteen-lette; do
+    refuses_line interfaces "$name 10.0.0.1 02:00:00:00:00:09" ":1: $unusable"
+  done
+}
+
+@test "MAC addresses that are none are refused" {
+  local mac
+  for mac in 02:00:00:00:00:0g 02:00:00:00:00:0A 02-00-00-00-00-09 02:00:00:00:00:0 02:00:00:00:00:09:0; do
+    refuses_line interfaces "eth0 10.0.0.1 $mac" ":1: $unusable"
+  done
+}
