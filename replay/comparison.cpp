@@ -1,13 +1,14 @@
 #include "replay/comparison.h"
 
 #include <sys/mman.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 #include <cstdio>
+#include <iostream>
 
 #include "recording/files.h"
 #include "recording/session.h"
+#include "replay/complaint.h"
 #include "replay/failure.h"
 
 namespace ovxid::replay {
@@ -19,7 +20,7 @@ constexpr const char* program = "ovxid";
 int listHere() {
   execlp(program, program, "-v", "list", nullptr);
   std::perror(program);
-  return 127;
+  return notFound;
 }
 
 // A file without a name, by the path at which another program finds it.
@@ -31,6 +32,18 @@ std::string fileOf(const std::string& text) {
   return "/proc/self/fd/" + std::to_string(file);
 }
 
+std::string firstLineOf(const std::string& text) { return text.substr(0, text.find('\n')); }
+
+// A session has its escapes already, but a recording may hold anything.
+std::string shownLines(const std::string& text) {
+  std::string shown;
+  for (const char byte : text) {
+    const bool isPlain = byte == '\n' || byte == '\\';
+    shown += isPlain ? std::string{byte} : recording::escaped({&byte, 1});
+  }
+  return shown;
+}
+
 }  // namespace
 
 int compareWithRecording(const Recording& recording) {
@@ -40,20 +53,18 @@ int compareWithRecording(const Recording& recording) {
   }
   const std::string here =
       fileOf(recording::session("ovxid -v list", recording::outcomeOf(listHere)));
-  const pid_t child = fork();
-  require(child >= 0, "fork");
-  if (child == 0) {
-    execlp("diff", "diff", "--unified", "--label", said.c_str(), "--label", "here", said.c_str(),
-           here.c_str(), nullptr);
+  const recording::Outcome difference = recording::outcomeOf([&] {
+    execlp("diff", "diff", "--text", "--unified", "--label", recording::escaped(said).c_str(),
+           "--label", "here", said.c_str(), here.c_str(), nullptr);
     std::perror("diff");
-    _exit(127);
+    return notFound;
+  });
+  if (difference.status > 1) {
+    throw Failure(said, "cannot be compared: " + firstLineOf(difference.err));
   }
-  int status = 0;
-  require(waitpid(child, &status, 0) == child, "waitpid");
-  if (!WIFEXITED(status) || WEXITSTATUS(status) > 1) {
-    throw Failure(said, "cannot be compared");
-  }
-  return WEXITSTATUS(status);
+  std::cout << shownLines(difference.out) << std::flush;
+  require(std::cout.good(), "standard output");
+  return difference.status;
 }
 
 }  // namespace ovxid::replay

@@ -5,10 +5,9 @@
 #include <cerrno>
 #include <cstring>
 #include <iostream>
-#include <system_error>
 
-#include "recording/session.h"
 #include "replay/comparison.h"
+#include "replay/complaint.h"
 #include "replay/failure.h"
 #include "replay/interfaces.h"
 #include "replay/kernel.h"
@@ -20,10 +19,6 @@ namespace ovxid::replay {
 namespace {
 
 constexpr int usageError = 2;
-// As those of env(1).
-constexpr int ownFailure = 125;
-constexpr int cannotRun = 126;
-constexpr int notFound = 127;
 
 constexpr const char* usage =
     "Usage: ovxid-replay DIRECTORY [[--] PROGRAM [ARG...]]\n"
@@ -43,10 +38,6 @@ constexpr const char* usage =
     "  125                   the board cannot be replayed\n"
     "  126                   the program cannot be run\n"
     "  127                   the program was not found\n";
-
-void complain(const std::string& what, const std::string& why) {
-  std::cerr << "ovxid-replay: " + recording::escaped(what) + ": " + why + "\n";
-}
 
 // So that nothing that is opened takes the place of a stream which is closed. Writing there fails
 // as before, and it is closed again when the program is run.
@@ -80,9 +71,17 @@ int print(const char* text) {
   return 0;
 }
 
+// The option that getopt_long has just refused.
+std::string refusedOption(char** argv) {
+  const std::string word = argv[optind - 1];
+  const bool isLong = optopt == 0 || word.rfind("--", 0) == 0;
+  return isLong ? word : std::string("-") + static_cast<char>(optopt);
+}
+
 int readWords(int argc, char** argv) {
   constexpr option options[] = {
       {"help", no_argument, nullptr, 'h'}, {"version", no_argument, nullptr, 'V'}, {}};
+  opterr = 0;
   switch (getopt_long(argc, argv, "+hV", options, nullptr)) {
     case 'h':
       return print(usage);
@@ -91,6 +90,7 @@ int readWords(int argc, char** argv) {
     case -1:
       break;
     default:
+      complain(refusedOption(argv), "no such option (see 'ovxid-replay --help')");
       return usageError;
   }
   if (optind == argc) {
@@ -110,12 +110,5 @@ int readWords(int argc, char** argv) {
 
 int main(int argc, char** argv) {
   ovxid::replay::holdClosedStreams();
-  try {
-    return ovxid::replay::readWords(argc, argv);
-  } catch (const ovxid::replay::Failure& failure) {
-    ovxid::replay::complain(failure.subject(), failure.what());
-  } catch (const std::exception& error) {
-    ovxid::replay::complain("the board", error.what());
-  }
-  return ovxid::replay::ownFailure;
+  return ovxid::replay::statusOf([&] { return ovxid::replay::readWords(argc, argv); });
 }

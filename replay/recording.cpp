@@ -11,7 +11,6 @@
 #include <system_error>
 
 #include "recording/files.h"
-#include "recording/session.h"
 #include "replay/escapes.h"
 #include "replay/failure.h"
 
@@ -81,7 +80,7 @@ void takeFact(Recording& recording, const std::string& key, const std::string& v
   } else if (key == "unreadable") {
     recording.unreadable.push_back(pathIn(recording, file::machine, value, number));
   } else {
-    refuse(recording, file::machine, number, "no such key: '" + recording::escaped(key) + "'");
+    refuse(recording, file::machine, number, "no such key: '" + key + "'");
   }
 }
 

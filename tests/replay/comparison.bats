@@ -31,3 +31,21 @@ setup() {
  out| OVX_FLAG=
  out| OVX_LABEL=front" ovxid replay "$again"
 }
+
+@test "a board of which nothing was said is not compared" {
+  rm "$again/said"
+  expect 125 "ovxid-replay: $again/said: is missing: there is nothing to compare with" ovxid replay "$again"
+}
+
+@test "what cannot be compared is no difference" {
+  rm "$again/said"
+  mkdir "$again/said"
+  run ovxid replay "$again"
+  [[ $status -eq 125 && $output == "ovxid-replay: $again/said: cannot be compared: diff: "* ]]
+}
+
+# shellcheck disable=SC2016  # The shell replaces the variable.
+@test "a difference that a full disk does not take is an error" {
+  sed -i 's/^out| OVX_ID=12/out| OVX_ID=13/' "$again/said"
+  expect 125 'ovxid-replay: standard output: No space left on device' bash -c 'ovxid replay "$1" >/dev/full' - "$again"
+}
