@@ -1,14 +1,19 @@
 #include "replay/surroundings.h"
 
 #include <sys/mount.h>
+#include <sys/stat.h>
+#include <sys/utsname.h>
 #include <unistd.h>
 
 #include <algorithm>
+#include <cstring>
 #include <filesystem>
 #include <fstream>
+#include <sstream>
 
 #include "recording/files.h"
 #include "replay/failure.h"
+#include "replay/overlay.h"
 
 namespace ovxid::replay {
 
@@ -116,25 +121,86 @@ void placeNode(const Recording& recording) {
   }
 }
 
-// What a program looks for from where it stands is what others find there.
+// Over a file of the kernel, into which nobody can write a text.
+void placeOver(const fs::path& path, const std::string& text) {
+  const std::string file = "/proc/." + path.filename().string();
+  std::ofstream(file) << text;
+  require(mount(file.c_str(), path.c_str(), nullptr, MS_BIND, nullptr) == 0, path);
+}
+
+std::string textOf(const std::string& path) {
+  std::ostringstream text;
+  text << std::ifstream(path).rdbuf();
+  return text.str();
+}
+
+// Of the line, only the release is known.
+void placeVersion(const std::string& release) {
+  utsname here{};
+  require(uname(&here) == 0, "uname");
+  std::string text = textOf("/proc/.kept/version");
+  if (const auto begin = text.find(here.release); begin != std::string::npos) {
+    text.replace(begin, std::strlen(here.release), release);
+  }
+  std::ofstream("/proc/version") << text;
+}
+
+// The files in which the kernel tells what uname(2) tells. Not every kernel has the last one.
+void placeNames(const Recording& recording) {
+  const std::string release = "/proc/.kept/sys/kernel/osrelease";
+  const std::string machine = "/proc/.kept/sys/kernel/arch";
+  if (!recording.hasUname) {
+    placeClosedFile("/proc/version");
+    placeClosedFile(release);
+  } else {
+    placeVersion(*recording.release);
+    placeOver(release, *recording.release + "\n");
+  }
+  if (fs::exists(machine)) {
+    recording.hasUname ? placeOver(machine, *recording.machine + "\n") : placeClosedFile(machine);
+  }
+}
+
+// All that is in /etc, but no catalogue.
+void placeEtc(ReplacedDirectory& etc) {
+  if (keepInMemory("/etc")) {
+    fs::remove_all("/etc/known_ovx_ids");
+  } else {
+    etc.keepAllBut({"known_ovx_ids"});
+  }
+}
+
+// What a program looks for from where it stands is what others find there. It need not be allowed
+// to go there again.
 void goToTheSameDirectory(const fs::path& directory) {
-  require(chdir(directory.c_str()) == 0, directory);
+  if (!directory.empty() && chdir(directory.c_str()) != 0) {
+    require(chdir("/") == 0, "/");
+  }
+}
+
+fs::path currentDirectory() {
+  std::error_code error;
+  return fs::current_path(error);
 }
 
 }  // namespace
 
 Surroundings::Surroundings(const Recording& recording)
-    : mDirectory(fs::current_path()), mProc("/proc"), mEtc("/etc") {
+    : mDirectory(currentDirectory()), mProc("/proc"), mEtc("/etc") {
+  // Everybody reads these files, whatever the user keeps from others.
+  const mode_t hidden = umask(S_IWGRP | S_IWOTH);
   // These two lead each process to its own entry.
   const std::set<std::string> own = {"self", "thread-self"};
-  mProc.keepAllBut({"cpuinfo", "device-tree", "self", "thread-self"});
+  mProc.keepAllBut({"cpuinfo", "device-tree", "self", "thread-self", "version"});
   for (const std::string& entry : own) {
     mProc.keep(entry);
   }
-  mEtc.keepAllBut({"known_ovx_ids"});
+  placeEtc(mEtc);
   placeNode(recording);
   placeFile(recording, file::cpuinfo, "/proc/cpuinfo");
   placeFile(recording, file::catalogue, "/etc/known_ovx_ids");
+  placeNames(recording);
+  umask(hidden);
   goToTheSameDirectory(mDirectory);
 }
 

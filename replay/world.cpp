@@ -91,13 +91,16 @@ int openDirectory(const char* path) {
 // already.
 void makeMountsPrivate() {
   const int root = openDirectory("/");
-  const int workingDirectory = openDirectory(".");
+  // Which may be one that nobody may enter again.
+  const int workingDirectory = open(".", O_PATH | O_DIRECTORY | O_CLOEXEC);
   const int mounts = open("/proc/self/ns/mnt", O_RDONLY | O_CLOEXEC);
   require(mounts >= 0, "open /proc/self/ns/mnt (or mount /proc)");
   require(setns(mounts, CLONE_NEWNS) == 0, "go to the top of the mount namespace");
   require(mount(nullptr, "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0, "make mounts private");
   require(fchdir(root) == 0 && chroot(".") == 0, "go back to the root directory");
-  require(fchdir(workingDirectory) == 0, "go back to the working directory");
+  if (workingDirectory < 0 || fchdir(workingDirectory) != 0) {
+    require(chdir("/") == 0, "go to the root directory");
+  }
   close(mounts);
   close(workingDirectory);
   close(root);
@@ -122,7 +125,8 @@ void enterEmptyNetwork() { require(unshare(CLONE_NEWNET) == 0, "make a network n
 
 ReplacedDirectory::ReplacedDirectory(std::string path) : mPath(std::move(path)) {
   takeOwnMounts();
-  const int kept = open_tree(AT_FDCWD, mPath.c_str(), OPEN_TREE_CLONE | AT_RECURSIVE);
+  const int kept =
+      open_tree(AT_FDCWD, mPath.c_str(), OPEN_TREE_CLONE | OPEN_TREE_CLOEXEC | AT_RECURSIVE);
   require(kept >= 0, "keep " + mPath);
   require(mount("board", mPath.c_str(), "tmpfs", 0, "mode=755") == 0,
           "mount a tmpfs over " + mPath);

@@ -54,3 +54,10 @@ setup() {
     "$BATS_TEST_TMPDIR/release"
   expect 0 5.10.0-kestrel2 cat "$BATS_TEST_TMPDIR/release"
 }
+
+@test "a program whose folder was removed runs" {
+  mkdir "$BATS_TEST_TMPDIR/folder"
+  cd "$BATS_TEST_TMPDIR/folder"
+  rmdir "$BATS_TEST_TMPDIR/folder"
+  expect 0 12 on_board ovxid number
+}

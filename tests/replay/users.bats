@@ -101,3 +101,11 @@ $listing" as_user ovxid replay "$board" sh -c 'id -u; ovxid list | tr -d "\0"'
     'echo 0 >/proc/sys/user/max_user_namespaces; exec setpriv --bounding-set=-sys_admin "$@"' - \
     ovxid replay "$board" true
 }
+
+@test "a program whose folder its user may not enter runs in the root folder" {
+  needs_root
+  needs_user
+  mkdir --mode=700 "$place/folder"
+  cd "$place/folder"
+  expect 0 / as_user ovxid replay "$board" pwd
+}
