@@ -10,8 +10,9 @@
 #include "replay/complaint.h"
 #include "replay/failure.h"
 #include "replay/interfaces.h"
-#include "replay/kernel.h"
+#include "replay/program.h"
 #include "replay/recording.h"
+#include "replay/signals.h"
 #include "replay/surroundings.h"
 
 namespace ovxid::replay {
@@ -57,13 +58,14 @@ int run(char** words) {
 }
 
 int replay(const char* directory, char** words) {
+  Signals signals;
   const Recording recording = readRecording(directory);
   takeOwnMounts(InNamespace::asOneself);
-  // In place for as long as the program runs.
+  // In place for as long as a process of the board is left.
   [[maybe_unused]] const Surroundings surroundings(recording);
   makeInterfaces(recording);
-  answerForKernel(recording);
-  return *words == nullptr ? compareWithRecording(recording) : run(words);
+  runOnBoard(recording, {}, signals,
+             [&] { return *words == nullptr ? compareWithRecording(recording) : run(words); });
 }
 
 int print(const char* text) {

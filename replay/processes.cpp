@@ -1,11 +1,14 @@
 #include "replay/processes.h"
 
+#include <fcntl.h>
 #include <unistd.h>
 
 #include <algorithm>
+#include <array>
 #include <charconv>
 #include <fstream>
 #include <string>
+#include <string_view>
 
 #include "replay/failure.h"
 
@@ -13,13 +16,8 @@ namespace ovxid::replay {
 
 namespace {
 
-// How many numbers have entries before they are given: more than all processors of the machine can
-// make processes until room is made again.
-int ahead() {
-  constexpr long forEach = 2048;
-  constexpr long most = 16384;
-  return static_cast<int>(std::min(forEach * sysconf(_SC_NPROCESSORS_ONLN), most));
-}
+// Few enough for a call that has to be answered meanwhile to wait.
+constexpr int atOnce = 256;
 
 // The kernel's first number for a process when it begins anew.
 constexpr int first = 300;
@@ -30,54 +28,53 @@ int largestNumber() {
   return number;
 }
 
-// The last word of /proc/loadavg.
-int lastNumber() {
-  std::ifstream file("/proc/.kept/loadavg");
-  std::string word;
-  int number = 0;
-  while (file >> word) {
-    std::from_chars(word.data(), word.data() + word.size(), number);
-  }
-  return number;
+// How many numbers have entries before they are given: more than all processors of the machine can
+// make processes until room is made again, but not so many that a number has been given again
+// before its entry is forgotten.
+int ahead(int largest) {
+  constexpr long forEach = 2048;
+  constexpr long most = 16384;
+  return static_cast<int>(
+      std::min({forEach * sysconf(_SC_NPROCESSORS_ONLN), most, (largest - first) / 4L}));
 }
 
-std::string entryOf(int number) { return "/proc/" + std::to_string(number); }
-
-// What is there already is right.
-void makeEntry(int number) {
-  [[maybe_unused]] const int result =
-      symlink((".kept/" + std::to_string(number)).c_str(), entryOf(number).c_str());
-}
-
-void removeEntryOfNobody(int number) {
-  if (access(("/proc/.kept/" + std::to_string(number)).c_str(), F_OK) != 0) {
-    unlink(entryOf(number).c_str());
-  }
+int openDirectory(const char* path) {
+  const int descriptor = open(path, O_PATH | O_DIRECTORY | O_CLOEXEC);
+  require(descriptor >= 0, path);
+  return descriptor;
 }
 
 }  // namespace
 
-Processes::Processes() : mAhead(ahead()), mLargest(largestNumber()), mNext(lastNumber() + 1) {
+Processes::Processes()
+    : mDirectory(openDirectory("/proc")),
+      mRealDirectory(openDirectory("/proc/.kept")),
+      mLargest(largestNumber()),
+      mAhead(ahead(mLargest)),
+      mNext(lastNumber() + 1) {
   if (mLargest == 0 || mNext == 1) {
     throw Failure("/proc/loadavg", "cannot be read");
   }
-  // The rest is made while the program starts.
-  constexpr int soon = 256;
-  makeRoomFor(soon);
+  // The rest is made while the program runs.
+  makeRoom();
 }
 
-void Processes::makeRoom() { makeRoomFor(mAhead); }
+// The last word of /proc/loadavg.
+int Processes::lastNumber() const {
+  std::array<char, 128> text{};
+  const int file = openat(mRealDirectory, "loadavg", O_RDONLY | O_CLOEXEC);
+  const ssize_t size = read(file, text.data(), text.size());
+  close(file);
+  const std::string_view line(text.data(), size < 0 ? 0 : static_cast<std::size_t>(size));
+  const std::string_view word = line.substr(line.rfind(' ') + 1);
+  int number = 0;
+  std::from_chars(word.data(), word.data() + word.size(), number);
+  return number;
+}
 
-void Processes::makeRoomFor(int processes) {
-  const int last = lastNumber();
-  int room = (mNext - last + mLargest) % mLargest;
-  // The numbers below the first one of a new beginning are left out.
-  if (room > mAhead + first) {
-    // More processes were made elsewhere meanwhile than have entries.
-    mNext = last + 1;
-    room = 1;
-  }
-  for (; room < processes; ++room) {
+bool Processes::makeRoom() {
+  int room = this->room();
+  for (const int enough = std::min(room + atOnce, mAhead); room < enough; ++room) {
     if (mNext >= mLargest) {
       mNext = first;
     }
@@ -85,6 +82,27 @@ void Processes::makeRoomFor(int processes) {
     mMade.push_back(mNext++);
   }
   forget();
+  return room >= mAhead;
+}
+
+// How many numbers that come next have entries.
+int Processes::room() {
+  const int last = lastNumber();
+  const int room = (mNext - last + mLargest) % mLargest;
+  // The numbers below the first one of a new beginning are left out.
+  if (room <= mAhead + first) {
+    return room;
+  }
+  // More processes were made elsewhere meanwhile than have entries.
+  mNext = last + 1;
+  return 1;
+}
+
+// What is there already is right.
+void Processes::makeEntry(int number) const {
+  const std::string name = std::to_string(number);
+  [[maybe_unused]] const int result =
+      symlinkat((".kept/" + name).c_str(), mDirectory, name.c_str());
 }
 
 // Of numbers that were given long ago, only those of processes that still run keep their entries.
@@ -92,6 +110,13 @@ void Processes::forget() {
   const auto kept = static_cast<std::size_t>(mAhead) * 2;
   for (; mMade.size() > kept; mMade.pop_front()) {
     removeEntryOfNobody(mMade.front());
+  }
+}
+
+void Processes::removeEntryOfNobody(int number) const {
+  const std::string name = std::to_string(number);
+  if (faccessat(mRealDirectory, name.c_str(), F_OK, 0) != 0) {
+    unlinkat(mDirectory, name.c_str(), 0);
   }
 }
 

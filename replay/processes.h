@@ -5,7 +5,8 @@
 
 namespace ovxid::replay {
 
-// The entries of processes in the replaced /proc. Nothing can make one at the moment when a program
+// The entries of processes in the replaced /proc, also when a program has mounted something over
+// it, or has taken it away. Nothing can make one at the moment when a program
 // looks for it, so each number has one before a process gets it: numbers are given one after the
 // other.
 class Processes {
@@ -13,16 +14,26 @@ class Processes {
   // Throws Failure.
   Processes();
 
-  // Has to be called whenever this time has passed.
+  // Makes some entries. Has to be called again at once if they are not enough yet, as the result
+  // tells, else when this time has passed.
+  bool makeRoom();
   static constexpr int milliseconds = 50;
-  void makeRoom();
+
+  // The replaced /proc, and the real one in it.
+  int directory() const { return mDirectory; }
+  int realDirectory() const { return mRealDirectory; }
 
  private:
-  void makeRoomFor(int processes);
+  int lastNumber() const;
+  int room();
+  void makeEntry(int number) const;
+  void removeEntryOfNobody(int number) const;
   void forget();
 
-  int mAhead;
+  int mDirectory;
+  int mRealDirectory;
   int mLargest;
+  int mAhead;
   // The number behind the last one that has an entry.
   int mNext;
   std::deque<int> mMade;

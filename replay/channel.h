@@ -1,0 +1,23 @@
+#ifndef OVXID_REPLAY_CHANNEL_H
+#define OVXID_REPLAY_CHANNEL_H
+
+namespace ovxid::replay {
+
+// Takes a descriptor from one process to another.
+class Channel {
+ public:
+  // Throws Failure.
+  Channel();
+
+  // In the one process. Throws Failure.
+  void send(int descriptor);
+  // In the other one: -1 when the one has ended without sending.
+  int receive();
+
+ private:
+  int mEnds[2];
+};
+
+}  // namespace ovxid::replay
+
+#endif
