@@ -63,8 +63,8 @@ int replay(const char* directory, char** words) {
   takeOwnMounts(InNamespace::asOneself);
   // In place for as long as a process of the board is left.
   [[maybe_unused]] const Surroundings surroundings(recording);
-  makeInterfaces(recording);
-  runOnBoard(recording, {}, signals,
+  const std::vector<int> tunnels = makeInterfaces(recording);
+  runOnBoard(recording, tunnels, signals,
              [&] { return *words == nullptr ? compareWithRecording(recording) : run(words); });
 }
 

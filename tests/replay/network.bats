@@ -35,3 +35,78 @@ br 127.0.0.9' addresses
   expect 0 'wwan0 10.0.0.1
 eth0 10.0.0.2' addresses
 }
+
+# Of each interface, the flags that tell that it is connected.
+connected() {
+  on_board ip -o link show | sed -E 's/^[0-9]+: ([^@:]+).*<(.*)>.*/\1 \2/' | grep -v ^ovxid-peer |
+    grep -oE '^[^ ]+|\b(UP|LOWER_UP)\b' | paste -sd ' '
+}
+
+@test "the interfaces of a board are up and connected" {
+  expect 0 'lo UP LOWER_UP wan0 UP LOWER_UP eth0 UP LOWER_UP' connected
+}
+
+# shellcheck disable=SC2016  # The shell on the board replaces the variable.
+@test "the interfaces of a board run as soon as the program does" {
+  expect 0 '' on_board python3 -c '
+import fcntl, socket, struct
+kernel = socket.socket()
+for name in b"lo", b"wan0", b"eth0":
+    flags = struct.unpack("16xH", fcntl.ioctl(kernel, 0x8913, struct.pack("16sH", name, 0)))[0]
+    if not flags & 0x40:
+        print(name)'
+}
+
+@test "a tunnel is connected" {
+  needs bash -c ': <>/dev/net/tun'
+  printf '%s\n' 'wwan0 10.0.0.1 00:00:00:00:00:00' >"$board/interfaces"
+  expect 0 'lo wwan0 UP LOWER_UP' connected
+}
+
+@test "a client reaches a server at the board's addresses" {
+  expect 0 '10.0.0.1 10.0.0.2 192.168.7.1 127.0.0.1 127.9.9.9 ::1' on_board python3 -c '
+import socket
+reached = []
+for address in "10.0.0.1", "10.0.0.2", "192.168.7.1", "127.0.0.1", "127.9.9.9", "::1":
+    family = socket.AF_INET6 if ":" in address else socket.AF_INET
+    with socket.socket(family) as server:
+        server.bind((address, 0))
+        server.listen()
+        with socket.create_connection(server.getsockname()[:2], timeout=5):
+            reached.append(address)
+print(*reached)'
+}
+
+@test "the other ends of the interfaces have no address" {
+  expect 0 '' on_board sh -c 'ip -o address | grep ovxid-peer || true'
+}
+
+@test "an interface that is called like a word of ip is made" {
+  printf '%s\n' 'br 10.0.0.1 02:00:00:00:00:09' 'up 10.0.0.2 02:00:00:00:00:0a' >"$board/interfaces"
+  expect 0 'br 10.0.0.1
+up 10.0.0.2' addresses
+}
+
+@test "an interface whose MAC address is not known has another one" {
+  echo 'eth1 10.0.0.5 -' >"$board/interfaces"
+  expect 0 'eth1 10.0.0.5' addresses
+  run on_board cat /sys/class/net/lo/address
+  expect 0 '' on_board sh -c 'ip -o link show eth1 | grep -q "00:00:00:00:00:00 brd"; test $? -eq 1'
+}
+
+@test "an interface without an address is there" {
+  echo 'eth1 - 02:00:00:00:00:09' >"$board/interfaces"
+  expect 0 '' addresses
+  expect 0 02:00:00:00:00:09 on_board sh -c "ip -o link show eth1 | sed -E 's,.*link/ether ([^ ]+).*,\1,'"
+}
+
+# shellcheck disable=SC2016  # The shell in the namespace replaces the variable.
+@test "a machine without a device for tunnels is told so" {
+  local namespace=(unshare --mount)
+  [[ $EUID -eq 0 ]] || namespace+=(--user --map-root-user)
+  needs test -d /dev/net
+  printf '%s\n' 'wwan0 10.0.0.1 00:00:00:00:00:00' >"$board/interfaces"
+  expect 125 "ovxid-replay: /dev/net/tun: No such file or directory (the board has a tunnel, wwan0: that takes the\
+ kernel's module tun, and the right to open this device)" "${namespace[@]}" \
+    sh -c 'mount -t tmpfs none /dev/net && exec ovxid replay "$1" true' - "$board"
+}
