@@ -88,9 +88,9 @@ bool Processes::makeRoom() {
 // How many numbers that come next have entries.
 int Processes::room() {
   const int last = lastNumber();
-  const int room = (mNext - last + mLargest) % mLargest;
-  // The numbers below the first one of a new beginning are left out.
-  if (room <= mAhead + first) {
+  // The numbers below the first one are left out when they begin anew.
+  const int room = mNext - last + (mNext > last ? 0 : mLargest - first);
+  if (room <= mAhead) {
     return room;
   }
   // More processes were made elsewhere meanwhile than have entries.

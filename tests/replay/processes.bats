@@ -110,12 +110,3 @@ what_is_there() {
   done
   expect 0 "$before" what_is_there
 }
-
-# Only a kernel that knows a largest number for each namespace lets a user set it.
-# shellcheck disable=SC2016  # The shells replace the variables.
-@test "processes find themselves in /proc when their numbers begin anew" {
-  local namespace=(unshare --user --map-root-user --pid --fork --mount-proc)
-  needs "${namespace[@]}" sh -c 'echo 1500 >/proc/sys/kernel/pid_max'
-  expect 0 '' "${namespace[@]}" sh -c 'echo 1500 >/proc/sys/kernel/pid_max; exec ovxid replay "$@"' - "$board" \
-    bash -c 'for i in {1..4000}; do (read -r name </proc/$BASHPID/comm; [[ $name == bash ]] || echo "$i") 2>&1; done'
-}
