@@ -47,8 +47,11 @@ std::vector<Submount> submountsOf(const std::string& directory) {
   std::ifstream mounts("/proc/self/mountinfo");
   for (std::string line; std::getline(mounts, line);) {
     std::istringstream words(line);
-    std::string number, parent, device, root, place;
-    words >> number >> parent >> device >> root >> place;
+    // The fifth word of the line.
+    std::string place;
+    for (int word = 0; word < 5; ++word) {
+      words >> place;
+    }
     place = withoutOctals(place);
     if (place.rfind(directory + "/", 0) == 0) {
       const int descriptor =
