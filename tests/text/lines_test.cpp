@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "simulation/allocations.h"
 #include "simulation/kernel.h"
 #include "text/memory_file.h"
 #include "text/reading.h"
@@ -150,6 +151,21 @@ std::string generated(std::mt19937& random, const std::string& alphabet, std::si
 
 const std::string fewLines("abc \r\t\v\0\xff:-7\n", 13);
 const std::string manyLines("a\n\r\0", 4);
+
+TEST(Lines, OfAFileLargerThanTheBufferTakeNoLargerOne) {
+  std::string bytes;
+  for (int i = 0; i < 100000; ++i) {
+    bytes += "short\n";
+  }
+  const MemoryFile memory(bytes);
+  const InputFile file(memory.path().c_str());
+  LineReader reader(file);
+  EXPECT_EQ(allocationsOf([&] {
+              while (reader.next()) {
+              }
+            }),
+            1);
+}
 
 TEST(Lines, OfGeneratedFilesAreReadAsAStreamReadsThem) {
   std::mt19937 random;
