@@ -7,11 +7,11 @@ source "$BATS_TEST_DIRNAME/board.bash"
 setup() {
   needs_namespaces
   make_board
+  said=$BATS_TEST_TMPDIR/said
 }
 
 # start PROGRAM...: on the board, in the background. Its number is in `replay`. It writes to `said`.
 start() {
-  said=$BATS_TEST_TMPDIR/said
   ovxid replay "$board" -- "$@" >"$said" 2>&1 3>&- &
   replay=$!
 }
@@ -86,22 +86,13 @@ is_gone() {
 }
 
 @test "Ctrl-C comes once" {
-  run timeout 20 python3 - "$board" <<'END'
-import os, pty, sys
-
-child, terminal = pty.fork()
-if child == 0:
-    os.execvp("ovxid", ["ovxid", "replay", sys.argv[1], "sh", "-c",
-                        "trap 'echo heard' INT; echo ready; sleep 1; sleep 0.3; sleep 0.3; echo end"])
-said = b""
-while b"end" not in said:
-    said += os.read(terminal, 1000)
-    if said.endswith(b"ready\r\n"):
-        os.write(terminal, b"\x03")
-os.waitpid(child, 0)
-print(said.count(b"heard"))
-END
-  [[ $status -eq 0 && $output == 1 ]]
+  local program='trap "echo heard" INT; echo ready; sleep 1; sleep 0.3; sleep 0.3; echo end'
+  {
+    eventually grep -qs ^ready "$said"
+    printf '\003'
+    eventually grep -q ^end "$said"
+  } | timeout 20 script --quiet --flush --command "ovxid replay '$board' sh -c '$program'" "$said" >/dev/null
+  expect 0 1 grep -cE "^(\^C)?heard" "$said"
 }
 
 # shellcheck disable=SC2016  # The shell on the board replaces the variable.
