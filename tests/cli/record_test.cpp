@@ -13,7 +13,6 @@
 #include <filesystem>
 #include <fstream>
 #include <map>
-#include <regex>
 #include <sstream>
 
 #include "cli/front_end.h"
@@ -21,9 +20,11 @@
 
 namespace fs = std::filesystem;
 
+using testing::ContainsRegex;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
+using testing::MatchesRegex;
 using testing::Not;
 
 namespace {
@@ -31,7 +32,7 @@ namespace {
 constexpr const char* recording = "/proc/recordings/board";
 
 // Each file below a directory, by its path, and its content.
-std::map<std::string, std::string> filesIn(const std::string& directory) {
+std::map<std::string, std::string> contentsIn(const std::string& directory) {
   std::map<std::string, std::string> files;
   for (const auto& entry : fs::recursive_directory_iterator(directory)) {
     if (entry.is_regular_file()) {
@@ -62,7 +63,7 @@ class Record : public FrontEnd {
   // The files of the recording.
   std::map<std::string, std::string> recorded() {
     EXPECT_EQ(ovxid({"record", recording}), (Outcome{0, "", ""}));
-    return filesIn(recording);
+    return contentsIn(recording);
   }
 };
 
@@ -289,7 +290,7 @@ class RecordNoMac : public Record {
  protected:
   std::map<std::string, std::string> recorded() {
     EXPECT_EQ(ovxid({"record", "--no-mac", recording}), (Outcome{0, "", ""}));
-    return filesIn(recording);
+    return contentsIn(recording);
   }
 };
 
@@ -299,8 +300,7 @@ TEST_F(RecordNoMac, MakesUpAddressesOfTheSamePattern) {
   const std::vector<std::string> lines = linesOf(recorded()["interfaces"]);
   ASSERT_EQ(lines.size(), 2);
   const std::string mac = lines[0].substr(lines[0].rfind(' ') + 1);
-  EXPECT_TRUE(std::regex_match(mac, std::regex("0[02468ace]:[1-7].:[89a-f].:[1-7].:0.:[1-7].")))
-      << mac;
+  EXPECT_THAT(mac, MatchesRegex("0[02468ace]:[1-7].:[89a-f].:[1-7].:0.:[1-7]."));
   EXPECT_NE(mac, "02:42:ac:11:0f:7f");
   EXPECT_EQ(lines[1], "eth0:b 10.0.0.2 " + mac);
 }
@@ -309,9 +309,8 @@ TEST_F(RecordNoMac, HasTheMadeUpAddressInTheListing) {
   mBoard.interface("eth0", "02:42:ac:11:0f:7f").property("wan", bytes("eth0\0"));
   std::map<std::string, std::string> files = recorded();
   EXPECT_THAT(files["said"], Not(HasSubstr("242ffac11f7f")));
-  EXPECT_TRUE(std::regex_search(
-      files["said"], std::regex("\nout\\| OVX_WAN_ID=[02468ace][1-7].ff[89a-f].[1-7]..[1-7].\n")))
-      << files["said"];
+  EXPECT_THAT(files["said"],
+              ContainsRegex("\nout\\| OVX_WAN_ID=[02468ace][1-7].ff[89a-f].[1-7]..[1-7].\n"));
   EXPECT_THAT(files["interfaces"], Not(HasSubstr("02:42:ac")));
 }
 
@@ -330,7 +329,7 @@ TEST_F(Record, RefusesADirectoryThatIsThere) {
   mBoard.file(std::string(recording) + "/note", "kept");
   EXPECT_EQ(ovxid({"record", recording}),
             (Outcome{3, "", "ovxid: /proc/recordings/board: File exists\n"}));
-  EXPECT_EQ(filesIn(recording), (std::map<std::string, std::string>{{"note", "kept"}}));
+  EXPECT_EQ(contentsIn(recording), (std::map<std::string, std::string>{{"note", "kept"}}));
 }
 
 TEST_F(Record, LeavesNothingBehindWhenTheDiskIsFull) {
@@ -338,7 +337,7 @@ TEST_F(Record, LeavesNothingBehindWhenTheDiskIsFull) {
   ASSERT_EQ(mount("tests", "/proc/recordings", "tmpfs", 0, "size=65536"), 0);
   EXPECT_EQ(ovxid({"record", recording}),
             (Outcome{3, "", "ovxid: /proc/recordings/board/said: No space left on device\n"}));
-  EXPECT_THAT(filesIn("/proc/recordings"), IsEmpty());
+  EXPECT_THAT(contentsIn("/proc/recordings"), IsEmpty());
   EXPECT_FALSE(fs::exists(recording));
 }
 
@@ -368,7 +367,7 @@ class InterruptedRecord : public Record, public testing::WithParamInterface<int>
         GetParam(),
         [&] {
           const bool isTime = fs::exists(recording) && --number == 0;
-          isPart = isTime && filesIn(recording) != mWhole;
+          isPart = isTime && contentsIn(recording) != mWhole;
           return isTime;
         },
         [&] {
@@ -381,7 +380,7 @@ class InterruptedRecord : public Record, public testing::WithParamInterface<int>
   // Does this after each recording that was interrupted before it was whole.
   void interruptEach(const std::function<void()>& prepare, const std::function<void()>& expect) {
     ASSERT_FALSE(interruptAt(0, [] {}));
-    mWhole = filesIn(recording);
+    mWhole = contentsIn(recording);
     ASSERT_EQ(mWhole.size(), 6);
     fs::remove_all(recording);
     int number = 1;
@@ -402,7 +401,7 @@ TEST_P(InterruptedRecord, LeavesNothingBehind) {
 
 TEST_P(InterruptedRecord, IsWholeWhereTheSignalIsIgnored) {
   interruptEach([] { std::signal(GetParam(), SIG_IGN); },
-                [&] { EXPECT_EQ(filesIn(recording), mWhole); });
+                [&] { EXPECT_EQ(contentsIn(recording), mWhole); });
 }
 
 TEST_P(InterruptedRecord, IsWholeWhereTheSignalWaitsAnyway) {
@@ -412,7 +411,7 @@ TEST_P(InterruptedRecord, IsWholeWhereTheSignalWaitsAnyway) {
     sigaddset(&signals, GetParam());
     sigprocmask(SIG_BLOCK, &signals, nullptr);
   };
-  interruptEach(block, [&] { EXPECT_EQ(filesIn(recording), mWhole); });
+  interruptEach(block, [&] { EXPECT_EQ(contentsIn(recording), mWhole); });
 }
 
 INSTANTIATE_TEST_SUITE_P(Signal, InterruptedRecord,

@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "catalogue/builtin.h"
 #include "manuals/page.h"
 #include "simulation/board.h"
@@ -24,7 +26,8 @@ std::vector<Row> tableWith(const std::string& words) {
 
 std::string inOneLine(std::string text) {
   text.pop_back();
-  return std::regex_replace(text, std::regex("\n"), " ");
+  std::replace(text.begin(), text.end(), '\n', ' ');
+  return text;
 }
 
 std::string messageWith(const std::string& words) {
@@ -66,8 +69,8 @@ TEST(CatalogueManual, QuotesTheMessageForALineWithoutANumber) {
   Board board;
   OvxIdentifier identifier(board.logger());
   HardwareIdentity identity{};
-  const std::string quoted =
-      std::regex_replace(messageWith("second value needs"), std::regex("LINE"), "LINE:x");
+  std::string quoted = messageWith("second value needs");
+  quoted.insert(quoted.find("LINE") + std::string("LINE").size(), ":x");
   EXPECT_EQ(board.messagesOf([&] { identifier.parseIdentityLine(identity, "LINE:x"); }),
             Messages{warn(quoted)});
 }

@@ -15,7 +15,6 @@
 namespace {
 
 using ovxid::recording::escaped;
-using ovxid::recording::Outcome;
 using ovxid::recording::outcomeOf;
 using ovxid::recording::session;
 
@@ -39,7 +38,7 @@ TEST(Session, MarksAMissingNewline) {
 }
 
 TEST(OutcomeOf, AProcessHasWhatItWroteAndItsStatus) {
-  const Outcome outcome = outcomeOf([] {
+  const ovxid::recording::Outcome outcome = outcomeOf([] {
     std::cerr << "err";
     return write(STDOUT_FILENO, "out", 3) == 3 ? 42 : 1;
   });
@@ -69,7 +68,7 @@ TEST(OutcomeOf, NoDescriptorStaysOpenWhenThereAreTooFew) {
 
 TEST(OutcomeOf, ALargeOutputIsComplete) {
   const std::string text(1000000, 'a');
-  const Outcome outcome = outcomeOf([&] {
+  const ovxid::recording::Outcome outcome = outcomeOf([&] {
     return write(STDOUT_FILENO, text.data(), text.size()) == static_cast<ssize_t>(text.size()) ? 0
                                                                                                : 1;
   });

@@ -55,7 +55,7 @@ std::string streamedFirstLine(const std::string& path, const Reading& reading = 
 }
 
 // Lists of long lines are not printed.
-void expectAsStreamsDo(const std::string& bytes, const Reading& reading = {}) {
+void expectLinesAsStreamsDo(const std::string& bytes, const Reading& reading = {}) {
   const MemoryFile file(bytes);
   EXPECT_TRUE(readLines(file.path(), reading) == streamedLines(file.path(), reading));
   EXPECT_TRUE(readFirstLine(file.path(), reading) == streamedFirstLine(file.path(), reading));
@@ -124,16 +124,16 @@ class LinesOfLength : public testing::TestWithParam<std::size_t> {};
 
 TEST_P(LinesOfLength, AreReadAsAStreamReadsThem) {
   const std::string line(GetParam(), 'x');
-  expectAsStreamsDo(line);
-  expectAsStreamsDo(line + "\n");
-  expectAsStreamsDo(line + "\nshort\n" + line);
-  expectAsStreamsDo("short\n" + line + "\n" + line + "\n\nshort");
+  expectLinesAsStreamsDo(line);
+  expectLinesAsStreamsDo(line + "\n");
+  expectLinesAsStreamsDo(line + "\nshort\n" + line);
+  expectLinesAsStreamsDo("short\n" + line + "\n" + line + "\n\nshort");
 }
 
 TEST_P(LinesOfLength, AreReadFromPiecesAsAStreamReadsThem) {
   const std::string line(GetParam(), 'x');
-  expectAsStreamsDo("short\n" + line + "\n" + line, {std::nullopt, 4097});
-  expectAsStreamsDo(line + "\n" + line + "\n", {std::nullopt, 1000});
+  expectLinesAsStreamsDo("short\n" + line + "\n" + line, {std::nullopt, 4097});
+  expectLinesAsStreamsDo(line + "\n" + line + "\n", {std::nullopt, 1000});
 }
 
 INSTANTIATE_TEST_SUITE_P(AroundTheBuffers, LinesOfLength,
@@ -170,8 +170,8 @@ TEST(Lines, OfAFileLargerThanTheBufferTakeNoLargerOne) {
 TEST(Lines, OfGeneratedFilesAreReadAsAStreamReadsThem) {
   std::mt19937 random;
   for (int i = 0; i < 2000; ++i) {
-    expectAsStreamsDo(generated(random, fewLines, 200), {std::nullopt, 1 + random() % 20});
-    expectAsStreamsDo(generated(random, manyLines, 40), {std::nullopt, 1 + random() % 5});
+    expectLinesAsStreamsDo(generated(random, fewLines, 200), {std::nullopt, 1 + random() % 20});
+    expectLinesAsStreamsDo(generated(random, manyLines, 40), {std::nullopt, 1 + random() % 5});
   }
 }
 
@@ -182,7 +182,7 @@ TEST(Lines, OfLargeGeneratedFilesAreReadAsAStreamReadsThem) {
     for (int line = 0; line < 30; ++line) {
       bytes.append(random() % 70000, 'x').append("\n");
     }
-    expectAsStreamsDo(bytes, {std::nullopt, 1000 + random() % 100000});
+    expectLinesAsStreamsDo(bytes, {std::nullopt, 1000 + random() % 100000});
   }
 }
 
@@ -191,8 +191,8 @@ TEST(Lines, AreReadAsAStreamReadsThemWhenReadingFails) {
   std::mt19937 random;
   for (int i = 0; i < 2000; ++i) {
     const Reading reading{static_cast<int>(random() % 8), 1 + random() % 10};
-    expectAsStreamsDo(generated(random, fewLines, 60), reading);
-    expectAsStreamsDo(generated(random, manyLines, 20), reading);
+    expectLinesAsStreamsDo(generated(random, fewLines, 60), reading);
+    expectLinesAsStreamsDo(generated(random, manyLines, 20), reading);
   }
 }
 

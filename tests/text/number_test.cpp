@@ -48,7 +48,7 @@ void expectFileAsStreamsDo(const std::string& text, const Reading& reading = {})
       << " bytes, in pieces of " << reading.bytes;
 }
 
-void expectAsStreamsDo(const std::string& text) {
+void expectNumberAsStreamsDo(const std::string& text) {
   EXPECT_EQ(ovxid::readNumber(text), streamedNumber(text)) << testing::PrintToString(text);
 }
 
@@ -84,22 +84,22 @@ std::vector<std::string> edges() {
 }
 
 TEST(Number, OfEveryShortTextIsReadAsAStreamReadsIt) {
-  forEachText(std::string("09+- \nx.\0", 9), 4, expectAsStreamsDo);
+  forEachText(std::string("09+- \nx.\0", 9), 4, expectNumberAsStreamsDo);
 }
 
 TEST(Number, OfEveryByteIsReadAsAStreamReadsIt) {
   for (int byte = 0; byte < 256; ++byte) {
     const std::string text(1, static_cast<char>(byte));
-    expectAsStreamsDo(text);
-    expectAsStreamsDo(text + "7");
-    expectAsStreamsDo("-" + text + "7");
-    expectAsStreamsDo("7" + text + "7");
+    expectNumberAsStreamsDo(text);
+    expectNumberAsStreamsDo(text + "7");
+    expectNumberAsStreamsDo("-" + text + "7");
+    expectNumberAsStreamsDo("7" + text + "7");
   }
 }
 
 TEST(Number, AtTheEdgesOfTheRangeIsReadAsAStreamReadsIt) {
   for (const std::string& text : edges()) {
-    expectAsStreamsDo(text);
+    expectNumberAsStreamsDo(text);
   }
 }
 
