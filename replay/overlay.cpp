@@ -64,11 +64,12 @@ std::vector<Submount> submountsOf(const std::string& directory) {
 }
 
 void putBack(const std::vector<Submount>& submounts, const std::string& directory) {
-  for (const auto& [place, descriptor] : submounts) {
-    require(move_mount(descriptor, "", AT_FDCWD, (directory + place).c_str(),
-                       MOVE_MOUNT_F_EMPTY_PATH) == 0,
-            directory + place);
-    close(descriptor);
+  for (const Submount& submount : submounts) {
+    const std::string place = directory + submount.place;
+    require(
+        move_mount(submount.descriptor, "", AT_FDCWD, place.c_str(), MOVE_MOUNT_F_EMPTY_PATH) == 0,
+        place);
+    close(submount.descriptor);
   }
 }
 

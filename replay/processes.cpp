@@ -73,7 +73,7 @@ int Processes::lastNumber() const {
 }
 
 bool Processes::makeRoom() {
-  int room = this->room();
+  int room = entriesAhead();
   for (const int enough = std::min(room + atOnce, mAhead); room < enough; ++room) {
     if (mNext >= mLargest) {
       mNext = first;
@@ -86,7 +86,7 @@ bool Processes::makeRoom() {
 }
 
 // How many numbers that come next have entries.
-int Processes::room() {
+int Processes::entriesAhead() {
   const int last = lastNumber();
   // The numbers below the first one are left out when they begin anew.
   const int room = mNext - last + (mNext > last ? 0 : mLargest - first);

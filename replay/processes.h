@@ -25,7 +25,7 @@ class Processes {
 
  private:
   int lastNumber() const;
-  int room();
+  int entriesAhead();
   void makeEntry(int number) const;
   void removeEntryOfNobody(int number) const;
   void forget();
