@@ -5,6 +5,7 @@
 #include <sys/uio.h>
 #include <sys/utsname.h>
 
+#include <cstdint>
 #include <cstdlib>
 #include <cstring>
 #include <memory>
@@ -19,7 +20,9 @@ void setName(char (&name)[_UTSNAME_LENGTH], const std::string& value) {
 }
 
 std::string bytesOf(const utsname& names) {
-  return {reinterpret_cast<const char*>(&names), sizeof names};
+  std::string bytes(sizeof names, '\0');
+  std::memcpy(bytes.data(), &names, bytes.size());
+  return bytes;
 }
 
 // The oldest call has no room for more, and the old ones do not tell the domain.
@@ -50,9 +53,12 @@ std::string answerTo(const seccomp_data& call, const utsname& names) {
 }
 
 // Only where the caller itself could write.
-bool write(const std::string& bytes, const seccomp_notif& call) {
-  const iovec local{const_cast<char*>(bytes.data()), bytes.size()};
-  const iovec remote{reinterpret_cast<void*>(call.data.args[0]), bytes.size()};
+bool write(std::string bytes, const seccomp_notif& call) {
+  const auto address = static_cast<std::uintptr_t>(call.data.args[0]);
+  void* place = nullptr;
+  std::memcpy(&place, &address, sizeof place);
+  const iovec local{bytes.data(), bytes.size()};
+  const iovec remote{place, bytes.size()};
   return process_vm_writev(static_cast<pid_t>(call.pid), &local, 1, &remote, 1, 0) ==
          static_cast<ssize_t>(bytes.size());
 }

@@ -112,7 +112,8 @@ TEST_F(Check, FindsBlanksAroundValues) {
 
 TEST_F(Check, FindsEachBlankAtEitherEndOfAValue) {
   for (const std::string blank : {" ", "\t", "\v", "\f", "\xc2\xa0"}) {
-    for (const std::string& alias : {blank, blank + "k", "k" + blank, blank + "k" + blank}) {
+    const std::string before = blank + "k";
+    for (const std::string& alias : {blank, before, "k" + blank, before + blank}) {
       EXPECT_THAT(found("A:1:" + alias + "\n"), HasSubstr("[blanks]")) << alias;
       EXPECT_THAT(found("A:1:" + alias + "\r\n"), HasSubstr("[blanks]")) << alias;
     }
@@ -124,7 +125,8 @@ TEST_F(Check, FindsEachBlankAtEitherEndOfAValue) {
 TEST_F(Check, FindsTextBehindANumberWhateverStandsBeforeIt) {
   for (const std::string blank : {"", " ", "\t", "\v", "\f", "\r", " \t\v\f\r"}) {
     for (const std::string number : {"5", "+5", "-5", "50"}) {
-      const std::string line = "A:" + blank + number + blank;
+      std::string line = "A:";
+      line.append(blank).append(number).append(blank);
       EXPECT_THAT(found(line + "\n"), Not(HasSubstr("[number-text]"))) << line;
       EXPECT_THAT(found(line + "x\n"), HasSubstr("[number-text]")) << line;
       EXPECT_THAT(found(line + "+\n"), HasSubstr("[number-text]")) << line;

@@ -184,18 +184,19 @@ TEST_P(Diagnostic, ShowsAShell) {
   EXPECT_EQ(complaint({"shell"}), "ovxid: " + mShown + ": No such file or directory\r\n");
 }
 
-INSTANTIATE_TEST_SUITE_P(Of, Diagnostic,
-                         testing::Values(OddCase{"AColour", "\x1b[31MX", "?[31MX"},
-                                         OddCase{"ALineOfItsOwn", "X\r\nOVX", "X??OVX"},
-                                         OddCase{"ABell", "X\a\x7f", "X??"},
-                                         OddCase{"AControlCharacterOfEightBits", "\x9b[1M", "?[1M"},
-                                         OddCase{"AControlCharacterInUtf8", "\xc2\x9b[1M", "?[1M"},
-                                         OddCase{"APartOfACharacter", "X\xe2\x82", "X??"},
-                                         OddCase{"AnotherDirection", "X\xe2\x80\xaeY", "X?Y"},
-                                         OddCase{"AnIsolatedDirection", "X\xe2\x81\xa6Y", "X?Y"},
-                                         OddCase{"AHiddenCharacter", "X\xe2\x80\x8bY", "X?Y"},
-                                         OddCase{"AnOrdinaryCharacter", "X\xc3\xa9", "X\xc3\xa9"}),
-                         [](const auto& test) { return test.param.name; });
+INSTANTIATE_TEST_SUITE_P(
+    Of, Diagnostic,
+    testing::Values(OddCase{"AColour", "\x1b[31MX", "?[31MX"},
+                    OddCase{"ALineOfItsOwn", "X\r\nOVX", "X??OVX"},
+                    OddCase{"ABell", "X\a\x7f", "X??"},
+                    OddCase{"AControlCharacterOfEightBits", "\x9b[1M", "?[1M"},
+                    OddCase{"AControlCharacterInUtf8", "\xc2\x9b[1M", "?[1M"},
+                    OddCase{"APartOfACharacter", "X\xe2\x82", "X??"},
+                    OddCase{"AnotherDirection", "X\xe2\x80\xaeY\xe2\x80\xac", "X?Y?"},
+                    OddCase{"AnIsolatedDirection", "X\xe2\x81\xa6Y\xe2\x81\xa9", "X?Y?"},
+                    OddCase{"AHiddenCharacter", "X\xe2\x80\x8bY", "X?Y"},
+                    OddCase{"AnOrdinaryCharacter", "X\xc3\xa9", "X\xc3\xa9"}),
+    [](const auto& test) { return test.param.name; });
 
 TEST_F(FrontEnd, ShowsAnOptionOfOneByteThatIsNoCharacterAsAQuestionMark) {
   EXPECT_EQ(ovxid({"-\x9b"}).err, "ovxid: -?: no such option (see 'ovxid --help')\n");

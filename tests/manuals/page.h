@@ -35,7 +35,7 @@ inline std::string exampleWith(const std::string& words, const std::string& page
   const std::string begin = "\n.EX\n";
   for (auto at = page.find(begin); at != std::string::npos; at = page.find(begin, at + 1)) {
     const auto start = at + begin.size();
-    const std::string example = shown(page.substr(start, page.find(".EE\n", start) - start));
+    std::string example = shown(page.substr(start, page.find(".EE\n", start) - start));
     if (example.find(words) != std::string::npos) {
       return example;
     }
