@@ -10,6 +10,7 @@
 #include "recording/session.h"
 #include "replay/complaint.h"
 #include "replay/failure.h"
+#include "replay/signals.h"
 
 namespace ovxid::replay {
 
@@ -47,6 +48,8 @@ std::string shownLines(const std::string& text) {
 }  // namespace
 
 int compareWithRecording(const Recording& recording) {
+  // As for the program, the end of children is given back as it was; here they are waited for.
+  const Signals usual;
   const std::string said = recording.file(recording::file::said);
   if (!recording.has(recording::file::said)) {
     throw Failure(said, "is missing: there is nothing to compare with");

@@ -55,7 +55,7 @@ std::vector<Submount> submountsOf(const std::string& directory) {
     place = withoutOctals(place);
     if (place.rfind(directory + "/", 0) == 0) {
       const int descriptor =
-          open_tree(AT_FDCWD, place.c_str(), OPEN_TREE_CLONE | OPEN_TREE_CLOEXEC);
+          open_tree(AT_FDCWD, place.c_str(), OPEN_TREE_CLONE | OPEN_TREE_CLOEXEC | AT_RECURSIVE);
       require(descriptor >= 0, place);
       submounts.push_back({place.substr(directory.size()), descriptor});
     }

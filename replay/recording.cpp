@@ -140,12 +140,17 @@ Address addressOf(const Recording& recording, const std::string& line, std::size
   return entry;
 }
 
-// Links would let the files of this machine pass for those of the board, and pipes never end.
+// Links would let the files of this machine pass for those of the board, and pipes never end. All
+// of it is kept in memory.
 void requirePlainFiles(const Recording& recording) {
+  constexpr std::uintmax_t largest = 16U << 20;
   for (const auto& entry : fs::recursive_directory_iterator(recording.path)) {
     const fs::file_type type = entry.symlink_status().type();
     if (type != fs::file_type::regular && type != fs::file_type::directory) {
       throw Failure(entry.path(), "neither a file nor a directory");
+    }
+    if (type == fs::file_type::regular && entry.file_size() > largest) {
+      throw Failure(entry.path(), "is larger than 16 MiB");
     }
   }
 }

@@ -14,7 +14,7 @@ namespace ovxid::replay {
 
 namespace {
 
-// What a terminal sends to the whole group, and so to the program, too.
+// What a terminal sends to a whole group.
 bool isOfTerminal(const signalfd_siginfo& signal) {
   constexpr std::array ofTerminal = {SIGINT, SIGQUIT, SIGTSTP, SIGTTIN, SIGTTOU, SIGWINCH};
   return signal.ssi_code == SI_KERNEL &&
@@ -22,9 +22,11 @@ bool isOfTerminal(const signalfd_siginfo& signal) {
              ofTerminal.end();
 }
 
-// No program gets back what it sends to its group.
+// A program that is in this group still has what the terminal sent, and none gets back what it
+// sends to its group.
 bool isForTheProgram(const signalfd_siginfo& signal, pid_t program) {
-  return signal.ssi_signo != SIGCHLD && !isOfTerminal(signal) &&
+  const bool isThereAlready = isOfTerminal(signal) && getpgid(program) == getpgrp();
+  return signal.ssi_signo != SIGCHLD && !isThereAlready &&
          signal.ssi_pid != static_cast<std::uint32_t>(program);
 }
 

@@ -164,6 +164,9 @@ void placeNames(const Recording& recording) {
 // All that is in /etc, but no catalogue.
 void placeEtc(ReplacedDirectory& etc) {
   if (keepInMemory("/etc")) {
+    // It may be mounted there.
+    while (umount2("/etc/known_ovx_ids", MNT_DETACH) == 0) {
+    }
     fs::remove_all("/etc/known_ovx_ids");
   } else {
     etc.keepAllBut({"known_ovx_ids"});

@@ -16,6 +16,16 @@ start() {
   replay=$!
 }
 
+# ends_with STATUS: waits for the replay.
+ends_with() {
+  local status=0
+  wait "$replay" || status=$?
+  [[ $status -eq $1 ]] || {
+    echo "the status is $status and not $1"
+    return 1
+  }
+}
+
 # eventually COMMAND...: succeeds within ten seconds.
 eventually() {
   for _ in {1..200}; do
@@ -38,7 +48,7 @@ is_gone() {
   start sh -c 'trap "echo heard; exit 5" USR1; echo ready; while :; do sleep 0.1; done'
   eventually said_is ready
   kill -USR1 "$replay"
-  wait "$replay" || [[ $? -eq 5 ]]
+  ends_with 5
   expect 0 $'ready\nheard' cat "$said"
 }
 
@@ -57,7 +67,7 @@ is_gone() {
   start sh -c 'echo $$; exec sleep 60'
   eventually test -s "$said"
   kill -KILL "$replay"
-  wait "$replay" || [[ $? -eq 137 ]]
+  ends_with 137
   eventually is_gone "$(cat "$said")"
 }
 
@@ -93,6 +103,23 @@ is_gone() {
     eventually grep -q ^end "$said"
   } | timeout 20 script --quiet --flush --command "ovxid replay '$board' sh -c '$program'" "$said" >/dev/null
   expect 0 1 grep -cE "^(\^C)?heard" "$said"
+}
+
+@test "Ctrl-C reaches a program in a group of its own" {
+  {
+    eventually grep -qs ^ready "$said"
+    printf '\003'
+    eventually grep -q ^heard "$said"
+  } | timeout 20 script --quiet --flush --command \
+    "ovxid replay '$board' timeout 9 sh -c 'trap \"echo heard; exit\" INT; echo ready; sleep 1; sleep 1; sleep 1'" \
+    "$said" >/dev/null
+  expect 0 1 grep -cE "^(\^C)?heard" "$said"
+}
+
+@test "a comparison waits for its children although its caller ignores the end of them" {
+  ovxid record "$BATS_TEST_TMPDIR/here"
+  run perl -e '$SIG{CHLD} = "IGNORE"; exec @ARGV' ovxid replay "$BATS_TEST_TMPDIR/here"
+  [[ $output != *"No child processes"* && $status -ne 125 ]]
 }
 
 # shellcheck disable=SC2016  # The shell on the board replaces the variable.
@@ -135,7 +162,7 @@ is_gone() {
   eventually pgrep --parent "$replay" --exact ovxid-replay >/dev/null
   kill -KILL "$(pgrep --parent "$replay" --exact ovxid-replay)"
   rm -r "$board"
-  wait "$replay" || [[ $? -eq 1 ]]
+  ends_with 1
   expect 0 'uname: cannot get system name: Function not implemented' tail -n 1 "$said"
 }
 

@@ -92,3 +92,12 @@ one' on_machine "$layered"'
 @test "a program makes files as its user wants them" {
   expect 0 0077 bash -c 'umask 077; ovxid replay "$1" sh -c umask' - "$board"
 }
+
+@test "a catalogue that is mounted on this machine is not that of the board" {
+  needs unshare --mount true
+  echo 'This machine:1' >"$BATS_TEST_TMPDIR/mounted"
+  # shellcheck disable=SC2016  # The shell in the namespace replaces the variables.
+  expect 0 12 unshare --mount sh -c 'mount -t tmpfs etc /mnt && cp -a /etc/. /mnt && mount --bind /mnt /etc &&
+    touch /etc/known_ovx_ids && mount --bind "$1" /etc/known_ovx_ids && shift && exec "$@"' - \
+    "$BATS_TEST_TMPDIR/mounted" ovxid replay "$board" ovxid number
+}

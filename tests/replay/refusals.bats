@@ -123,3 +123,8 @@ refuses_line() {
     refuses_line interfaces "eth0 10.0.0.1 $mac" ":1: $unusable"
   done
 }
+
+@test "a file that takes too much memory is refused" {
+  truncate --size=17M "$board/cpuinfo"
+  expect 125 "ovxid-replay: $board/cpuinfo: is larger than 16 MiB" ovxid replay "$board" true
+}
