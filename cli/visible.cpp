@@ -116,7 +116,10 @@ std::string_view beginningOf(std::string_view value) {
 std::string shown(std::string_view value) {
   const std::string_view beginning = beginningOf(value);
   const std::string text = "'" + visible(beginning) + "'";
-  return beginning == value ? text : text + "... (" + std::to_string(value.size()) + " bytes)";
+  if (beginning == value) {
+    return text;
+  }
+  return text + "... (" + std::to_string(value.size()) + " bytes)";
 }
 
 }  // namespace ovxid::cli

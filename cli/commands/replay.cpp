@@ -35,7 +35,9 @@ void makePathLeadHere() {
   const char* const set = std::getenv("PATH");
   const std::string path = set == nullptr ? _PATH_DEFPATH : set;
   const std::string own = ownDirectory();
-  if (!own.empty() && (":" + path + ":").find(":" + own + ":") == std::string::npos) {
+  const std::string directories = ":" + path + ":";
+  const std::string wanted = ":" + own + ":";
+  if (!own.empty() && directories.find(wanted) == std::string::npos) {
     setenv("PATH", (own + ":" + path).c_str(), 1);
   }
 }
