@@ -70,8 +70,12 @@ struct Lines {
     const bool isCut = beginning != value;
     text += "  " + before + seen + (isCut ? "..." : "") + behind + "\n";
     ++count;
-    areEscaped = areEscaped || seen != beginning;
-    areCut = areCut || isCut;
+    if (seen != beginning) {
+      areEscaped = true;
+    }
+    if (isCut) {
+      areCut = true;
+    }
   }
 };
 
