@@ -115,11 +115,11 @@ std::string_view beginningOf(std::string_view value) {
 
 std::string shown(std::string_view value) {
   const std::string_view beginning = beginningOf(value);
-  const std::string text = "'" + visible(beginning) + "'";
-  if (beginning == value) {
-    return text;
+  std::string text = "'" + visible(beginning) + "'";
+  if (beginning != value) {
+    text += "... (" + std::to_string(value.size()) + " bytes)";
   }
-  return text + "... (" + std::to_string(value.size()) + " bytes)";
+  return text;
 }
 
 }  // namespace ovxid::cli
