@@ -114,9 +114,9 @@ std::string_view beginningOf(std::string_view value) {
 }
 
 std::string shown(std::string_view value) {
-  const std::string_view beginning = beginningOf(value);
-  std::string text = "'" + visible(beginning) + "'";
-  if (beginning != value) {
+  const std::string_view start = beginningOf(value);
+  std::string text = "'" + visible(start) + "'";
+  if (start != value) {
     text += "... (" + std::to_string(value.size()) + " bytes)";
   }
   return text;
