@@ -109,7 +109,7 @@ is_gone() {
   {
     eventually grep -qs ^ready "$said"
     printf '\003'
-    eventually grep -q ^heard "$said"
+    eventually grep -qE "^(\^C)?heard" "$said"
   } | timeout 20 script --quiet --flush --command \
     "ovxid replay '$board' timeout 9 sh -c 'trap \"echo heard; exit\" INT; echo ready; sleep 1; sleep 1; sleep 1'" \
     "$said" >/dev/null
