@@ -355,16 +355,23 @@ TEST_F(Record, LeavesNothingBehindWhenItCannotTakeWhatIsSaid) {
   EXPECT_FALSE(fs::exists(recording));
 }
 
-class InterruptedRecord : public Record, public testing::WithParamInterface<int> {
+class InterruptedRecord : public Record {
  protected:
   InterruptedRecord() { mBoard.property("site", "north gate").catalogue("Kestrel:12\n"); }
 
+  void SetUp() override {
+    ASSERT_FALSE(interruptAt(0, 0, [] {}));
+    mWhole = contentsIn(recording);
+    ASSERT_EQ(mWhole.size(), 6);
+    fs::remove_all(recording);
+  }
+
   // Interrupts the recording at this system call, counted from when its directory is there. Whether
   // something of it was missing then.
-  bool interruptAt(int number, const std::function<void()>& prepare) {
+  bool interruptAt(int number, int signal, const std::function<void()>& prepare) {
     bool isPart = false;
     interrupt(
-        GetParam(),
+        signal,
         [&] {
           const bool isTime = fs::exists(recording) && --number == 0;
           isPart = isTime && contentsIn(recording) != mWhole;
@@ -377,44 +384,45 @@ class InterruptedRecord : public Record, public testing::WithParamInterface<int>
     return isPart;
   }
 
-  // Does this after each recording that was interrupted before it was whole.
-  void interruptEach(const std::function<void()>& prepare, const std::function<void()>& expect) {
-    ASSERT_FALSE(interruptAt(0, [] {}));
-    mWhole = contentsIn(recording);
-    ASSERT_EQ(mWhole.size(), 6);
-    fs::remove_all(recording);
-    int number = 1;
-    for (; !HasFailure() && interruptAt(number, prepare); ++number) {
-      SCOPED_TRACE("interrupted at " + std::to_string(number));
-      expect();
-      fs::remove_all(recording);
-    }
-    EXPECT_GT(number, 20);
-  }
-
   std::map<std::string, std::string> mWhole;
 };
 
-TEST_P(InterruptedRecord, LeavesNothingBehind) {
-  interruptEach([] {}, [] { EXPECT_FALSE(fs::exists(recording)); });
+TEST_F(InterruptedRecord, LeavesNothingBehindAtAnyCall) {
+  int number = 1;
+  for (; interruptAt(number, SIGTERM, [] {}); ++number) {
+    ASSERT_FALSE(fs::exists(recording)) << "interrupted at " << number;
+  }
+  EXPECT_GT(number, 20);
 }
 
-TEST_P(InterruptedRecord, IsWholeWhereTheSignalIsIgnored) {
-  interruptEach([] { std::signal(GetParam(), SIG_IGN); },
-                [&] { EXPECT_EQ(contentsIn(recording), mWhole); });
+class RecordInterruptedBy : public InterruptedRecord, public testing::WithParamInterface<int> {
+ protected:
+  void interruptHalfway(const std::function<void()>& prepare) {
+    ASSERT_TRUE(interruptAt(20, GetParam(), prepare));
+  }
+};
+
+TEST_P(RecordInterruptedBy, LeavesNothingBehind) {
+  interruptHalfway([] {});
+  EXPECT_FALSE(fs::exists(recording));
 }
 
-TEST_P(InterruptedRecord, IsWholeWhereTheSignalWaitsAnyway) {
-  const auto block = [] {
+TEST_P(RecordInterruptedBy, IsWholeWhereTheSignalIsIgnored) {
+  interruptHalfway([] { std::signal(GetParam(), SIG_IGN); });
+  EXPECT_EQ(contentsIn(recording), mWhole);
+}
+
+TEST_P(RecordInterruptedBy, IsWholeWhereTheSignalWaitsAnyway) {
+  interruptHalfway([] {
     sigset_t signals;
     sigemptyset(&signals);
     sigaddset(&signals, GetParam());
     sigprocmask(SIG_BLOCK, &signals, nullptr);
-  };
-  interruptEach(block, [&] { EXPECT_EQ(contentsIn(recording), mWhole); });
+  });
+  EXPECT_EQ(contentsIn(recording), mWhole);
 }
 
-INSTANTIATE_TEST_SUITE_P(Signal, InterruptedRecord,
+INSTANTIATE_TEST_SUITE_P(Signal, RecordInterruptedBy,
                          testing::Values(SIGHUP, SIGINT, SIGQUIT, SIGTERM),
                          [](const auto& test) { return sigabbrev_np(test.param); });
 
