@@ -9,9 +9,9 @@ class Channel {
   // Throws Failure.
   Channel();
 
-  // In the one process. Throws Failure.
+  // Throws Failure.
   void send(int descriptor);
-  // In the other one: -1 when the one has ended without sending.
+  // -1 when the process that should send has ended without sending.
   int receive();
 
  private:

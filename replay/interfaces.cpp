@@ -48,7 +48,7 @@ Commands operator+(Commands commands, const Commands& more) {
   return commands;
 }
 
-// An interface for which the kernel makes no address up.
+// An interface for which the kernel invents no address.
 Commands bringUpWithoutAddress(const std::string& name) {
   const Commands up{"link set dev " + name + " up"};
   return knowsIpv6() ? Commands{"link set dev " + name + " addrgenmode none"} + up : up;
@@ -58,7 +58,7 @@ Commands bringUpWithoutAddress(const std::string& name) {
 Commands linkCommands(const Address& entry, std::size_t number) {
   const std::string name = interfaceOf(entry.name);
   if (name == loopback) {
-    // Up, it has this address.
+    // The kernel gives it this address as soon as it is up.
     return {"link set dev lo up", "address del 127.0.0.1/8 dev lo"};
   }
   if (isTunnel(entry)) {

@@ -5,9 +5,8 @@
 
 namespace ovxid::replay {
 
-// Nothing can be written to what a replaced directory keeps. If the kernel allows it, the directory
-// then shows all of that, and takes what is written in memory; the result tells whether it does.
-// Throws Failure.
+// Lets a replaced directory show all that it keeps, of which nothing can be changed, and take in
+// memory what is written. False where the kernel does not allow that. Throws Failure.
 bool keepInMemory(const std::string& directory);
 
 }  // namespace ovxid::replay

@@ -10,7 +10,7 @@ namespace ovxid::replay {
 // The signals of a process that stands between a program and who started it.
 class Signals {
  public:
-  // Whoever started this process may ignore the end of its own children. This one waits for its.
+  // Waits for children, even where the caller left this process with the end of them ignored.
   Signals();
 
   // From now on, no signal does anything but wait on the descriptor.

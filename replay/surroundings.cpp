@@ -9,6 +9,7 @@
 #include <cstring>
 #include <filesystem>
 #include <fstream>
+#include <set>
 #include <sstream>
 
 #include "recording/files.h"
@@ -25,9 +26,14 @@ namespace file = recording::file;
 constexpr const char* deviceTree = "/proc/device-tree";
 constexpr const char* node = "/proc/device-tree/orvanix";
 
-// A device that cannot be opened, by root neither. More may be forbidden, as it may be already.
+void write(const std::string& path, const std::string& text) {
+  require((std::ofstream(path, std::ios::binary) << text << std::flush).good(), path);
+}
+
+// A device that not even root can open. More is forbidden where the machine forbids it, too.
 void placeClosedFile(const std::string& path) {
   constexpr unsigned long forbidden = MS_NODEV | MS_NOSUID | MS_NOEXEC | MS_RDONLY;
+  // Which the kernel may have there already.
   std::ofstream(path).close();
   require(mount("/dev/null", path.c_str(), nullptr, MS_BIND, nullptr) == 0, "/dev/null");
   require(mount(nullptr, path.c_str(), nullptr, MS_REMOUNT | MS_BIND | forbidden, nullptr) == 0,
@@ -79,11 +85,12 @@ void placeEntry(const Recording& recording, const std::string& path) {
 // All that is recorded of the node: what a person has added is behind what the kernel listed.
 std::vector<std::string> entriesOf(const Recording& recording) {
   std::vector<std::string> entries = recording.order;
+  const std::set<std::string> listed(entries.begin(), entries.end());
   const fs::path root = recording.file(file::node);
   std::vector<std::string> added;
   for (const auto& entry : fs::recursive_directory_iterator(root)) {
     const std::string path = entry.path().lexically_relative(root);
-    if (std::find(entries.begin(), entries.end(), path) == entries.end()) {
+    if (listed.count(path) == 0) {
       added.push_back(path);
     }
   }
@@ -124,7 +131,7 @@ void placeNode(const Recording& recording) {
 // Over a file of the kernel, into which nobody can write a text.
 void placeOver(const fs::path& path, const std::string& text) {
   const std::string file = "/proc/." + path.filename().string();
-  std::ofstream(file) << text;
+  write(file, text);
   require(mount(file.c_str(), path.c_str(), nullptr, MS_BIND, nullptr) == 0, path);
 }
 
@@ -142,7 +149,7 @@ void placeVersion(const std::string& release) {
   if (const auto begin = text.find(here.release); begin != std::string::npos) {
     text.replace(begin, std::strlen(here.release), release);
   }
-  std::ofstream("/proc/version") << text;
+  write("/proc/version", text);
 }
 
 // The files in which the kernel tells what uname(2) tells. Not every kernel has the last one.
