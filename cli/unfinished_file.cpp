@@ -36,8 +36,8 @@ bool lock(const Descriptor& file) { return flock(file.get(), LOCK_EX | LOCK_NB) 
 bool isTaken(const Descriptor& file) {
   struct stat status {};
   const bool isLocked = !lock(file) && errno == EWOULDBLOCK;
-  const bool gone = fstat(file.get(), &status) == 0 && status.st_nlink == 0;
-  return isLocked || gone;
+  require(fstat(file.get(), &status) == 0);
+  return isLocked || status.st_nlink == 0;
 }
 
 // Whoever writes a file holds a lock on it, however long that takes, and loses it with its life.
