@@ -6,6 +6,7 @@
 #include <cerrno>
 #include <csignal>
 #include <cstddef>
+#include <cstdio>
 #include <iostream>
 #include <stdexcept>
 #include <system_error>
@@ -37,7 +38,13 @@ TEST(Session, MarksAMissingNewline) {
   EXPECT_EQ(session("x", {0, "a", ""}), "$ x\nout| a\\\nexit 0\n");
 }
 
-TEST(OutcomeOf, AProcessHasWhatItWroteAndItsStatus) {
+class OutcomeOf : public testing::Test {
+ protected:
+  // What the test framework has said before is no part of it.
+  OutcomeOf() { std::fflush(stdout); }
+};
+
+TEST_F(OutcomeOf, AProcessHasWhatItWroteAndItsStatus) {
   const ovxid::recording::Outcome outcome = outcomeOf([] {
     std::cerr << "err";
     return write(STDOUT_FILENO, "out", 3) == 3 ? 42 : 1;
@@ -47,16 +54,16 @@ TEST(OutcomeOf, AProcessHasWhatItWroteAndItsStatus) {
   EXPECT_EQ(outcome.err, "err");
 }
 
-TEST(OutcomeOf, AKilledProcessHasTheNumberOfTheSignal) {
+TEST_F(OutcomeOf, AKilledProcessHasTheNumberOfTheSignal) {
   EXPECT_EQ(outcomeOf([] { return std::raise(SIGKILL); }).status, 128 + SIGKILL);
 }
 
-TEST(OutcomeOf, AnExceptionEndsTheProcess) {
+TEST_F(OutcomeOf, AnExceptionEndsTheProcess) {
   EXPECT_EQ(outcomeOf([]() -> int { throw std::runtime_error("x"); }).status, 128 + SIGABRT);
 }
 
 // UndefinedBehaviorSanitizer opens descriptors when it first meets a type of objects.
-TEST(OutcomeOf, NoDescriptorStaysOpenWhenThereAreTooFew) {
+TEST_F(OutcomeOf, NoDescriptorStaysOpenWhenThereAreTooFew) {
   const std::system_error knownToTheSanitizer(EMFILE, std::generic_category(), "");
   const std::ptrdiff_t before = openDescriptors();
   for (const int free : {0, 1, 2}) {
@@ -66,7 +73,7 @@ TEST(OutcomeOf, NoDescriptorStaysOpenWhenThereAreTooFew) {
   EXPECT_EQ(openDescriptors(), before);
 }
 
-TEST(OutcomeOf, ALargeOutputIsComplete) {
+TEST_F(OutcomeOf, ALargeOutputIsComplete) {
   const std::string text(1000000, 'a');
   const ovxid::recording::Outcome outcome = outcomeOf([&] {
     return write(STDOUT_FILENO, text.data(), text.size()) == static_cast<ssize_t>(text.size()) ? 0
