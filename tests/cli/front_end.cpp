@@ -155,7 +155,7 @@ void FrontEnd::kernelIs(const std::string& release, const std::string& machine) 
 
 void FrontEnd::filesBelongTo(uid_t owner) {
   mPreparations.emplace_back([owner] {
-    setenv("LD_PRELOAD", OVXID_OTHER_KERNEL, 1);
+    preload(OVXID_OTHER_KERNEL);
     setenv("OVXID_OWNER", std::to_string(owner).c_str(), 1);
   });
 }
