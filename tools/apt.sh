@@ -6,8 +6,9 @@
   packages_build=(g++ cmake ninja-build liblog4cpp5-dev nlohmann-json3-dev libseccomp-dev)
   packages_test=(libgtest-dev libgmock-dev bats binutils busybox iproute2)
   # The tests with the label "check" need these, too.
-  packages_check=(pkgconf pahole jq bash-completion fish zsh python3-jsonschema man-db groff-base mandoc systemd
-    ansible-core curl prometheus prometheus-node-exporter)
+  packages_check=(pkgconf pahole jq bash-completion fish zsh python3-jsonschema man-db groff-base mandoc systemd)
+  # And those with the label "fleet" these.
+  packages_fleet=(ansible-core curl prometheus prometheus-node-exporter)
   packages_lint=(clang libclang-rt-dev clang-format clang-tidy cppcheck jq shellcheck)
   packages_docs=(doxygen)
   packages_coverage=(gcovr)
