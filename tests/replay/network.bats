@@ -29,6 +29,12 @@ br 10.0.0.3
 br 127.0.0.9' addresses
 }
 
+@test "the addresses of the loopback interface alone are of this host alone" {
+  printf '%s\n' 'lo 127.0.0.1 00:00:00:00:00:00' 'eth0 10.0.0.2 02:00:00:00:00:09' >"$board/interfaces"
+  expect 0 'lo host
+eth0 global' on_board sh -c "ip -o -4 address | sed -E 's/^[0-9]+: ([^ ]+) .* scope ([a-z]+) .*/\1 \2/'"
+}
+
 # To open what is not there would make a file.
 needs_tunnels() {
   needs test -c /dev/net/tun
