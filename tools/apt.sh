@@ -9,7 +9,7 @@
   packages_check=(pkgconf pahole jq bash-completion fish zsh python3-jsonschema man-db groff-base mandoc systemd)
   # And those with the label "fleet" these.
   packages_fleet=(ansible-core curl prometheus prometheus-node-exporter)
-  packages_lint=(clang libclang-rt-dev clang-format clang-tidy cppcheck jq shellcheck)
+  packages_lint=(clang libclang-rt-dev clang-format clang-tidy cppcheck shellcheck)
   packages_docs=(doxygen)
   packages_coverage=(gcovr)
   packages_bench=(libbenchmark-dev valgrind)
