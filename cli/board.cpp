@@ -8,7 +8,7 @@
 
 #include "diagnostics.h"
 #include "output.h"
-#include "platform.h"
+#include "identity/well_known.h"
 
 using log4cpp::Priority;
 

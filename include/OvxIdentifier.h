@@ -1,6 +1,8 @@
 #ifndef OVXID_OVXIDENTIFIER_H
 #define OVXID_OVXIDENTIFIER_H
 
+#include <ovxid/records.h>
+
 #include <cstdint>
 #include <iosfwd>
 #include <log4cpp/Priority.hh>
@@ -28,37 +30,6 @@
 class cQlog;
 struct FTW;
 struct stat;
-
-/** The shell that OvxIdentifier::execute() runs when the variable SHELL is not set. */
-constexpr const char* ovxDefaultShell = "/bin/bash";
-
-/**
- * @brief One board that the library can recognise.
- *
- * A plain record with value semantics. The catalogue of known identities is an ordered list of
- * these; nothing ties one record to another, so names, aliases and numbers may repeat.
- */
-struct HardwareIdentity {
-  /** The board's canonical name. Any bytes. */
-  std::string name;
-  /** The other names under which the board's kernel may report itself, in the order of the line. */
-  std::vector<std::string> aliases;
-  /** The board number. Every value is allowed. It has no value until one is assigned. */
-  std::int32_t number;
-};
-
-/**
- * @brief One board parameter: a name and its value.
- *
- * Neither is validated. Both may hold any bytes, and values read from the device tree keep their
- * NUL bytes.
- */
-struct ovx_param {
-  /** The name of the environment variable that OvxIdentifier::execute() exports. */
-  std::string name;
-  /** The value, not escaped, trimmed or cut. */
-  std::string value;
-};
 
 /**
  * @brief Tells which board the program runs on and hands that knowledge to other programs.

@@ -5,7 +5,7 @@
 #include <algorithm>
 
 #include "ascii.h"
-#include "platform.h"
+#include "identity/well_known.h"
 #include "utf8.h"
 #include "visible.h"
 
@@ -81,7 +81,7 @@ void checkNumber(const Line& line, Findings& findings) {
     findings.warn(warning::reservedNumber, line.number,
                   "a board with a number below 0 gets no OVX_ID and no OVX_DESC");
   }
-  if (line.boardNumber == pcNumber && line.name() != "x86_64 PC") {
+  if (line.boardNumber == pcNumber && line.name() != pcName) {
     findings.warn(warning::reservedNumber, line.number, "the number 64 means a PC");
   }
 }

@@ -4,7 +4,7 @@
 
 #include <cerrno>
 
-#include "platform.h"
+#include "host/host.h"
 #include "text_file.h"
 #include "visible.h"
 
@@ -76,7 +76,7 @@ Evidence::Evidence(Board& identified)
       hasNode(isThere(std::string(nodePath))),
       boardid(exhibit(inNode("boardid"))),
       description(exhibit(inNode("description"))),
-      cpuinfo(exhibit(cpuinfoPath)),
+      cpuinfo(exhibit(pathOf(File::cpuinfo))),
       kernelError(errorOfUname(kernel)),
       suffix(either(suffixLookedUp(identified), suffixOf(kernel.release))),
       hardwareLine(hardwareLineOf(cpuinfo)),

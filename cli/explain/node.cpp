@@ -5,7 +5,7 @@
 
 #include "ascii.h"
 #include "explain/remarks.h"
-#include "platform.h"
+#include "identity/well_known.h"
 #include "visible.h"
 
 namespace ovxid::cli {

@@ -16,7 +16,8 @@
 
 #include "ascii.h"
 #include "explain/remarks.h"
-#include "platform.h"
+#include "host/host.h"
+#include "identity/well_known.h"
 #include "shell_name.h"
 #include "visible.h"
 

@@ -3,7 +3,7 @@
 
 #include "directory_listing.h"
 #include "explain/remarks.h"
-#include "platform.h"
+#include "host/host.h"
 #include "suggestion.h"
 #include "visible.h"
 

@@ -10,7 +10,7 @@
 
 #include "catalogue.h"
 #include "directory_listing.h"
-#include "platform.h"
+#include "host/host.h"
 #include "record/records.h"
 #include "record/serial_numbers.h"
 #include "recording/session.h"
@@ -49,7 +49,7 @@ class Copier {
 };
 
 std::string whatMayBeKnown(const std::string& path, const std::string& content) {
-  if (path == cpuinfoPath) {
+  if (path == pathOf(File::cpuinfo)) {
     return withoutSerialNumbers(content);
   }
   return content;
@@ -112,7 +112,7 @@ std::string kernel() {
 void recordFiles(const RecordingDirectory& directory) {
   Copier copier(directory);
   copier.node(std::string(nodePath), recording::file::node);
-  copier.file(cpuinfoPath, recording::file::cpuinfo);
+  copier.file(pathOf(File::cpuinfo), recording::file::cpuinfo);
   copier.file(cataloguePath, recording::file::catalogue);
   if (!copier.order().empty()) {
     directory.file(recording::file::order, copier.order());

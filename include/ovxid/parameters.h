@@ -2,12 +2,12 @@
 #define OVXID_PARAMETERS_H
 
 #include <OvxIdentifier.h>
+#include <ovxid/environment.h>
 
 #include <cstddef>
 #include <ostream>
 #include <streambuf>
 #include <string>
-#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -54,9 +54,6 @@ class ListingReader : public std::streambuf {
   std::string mLine;
 };
 
-/** What a program sees of a name or a value in its environment. */
-inline std::string untilNul(const std::string& text) { return text.substr(0, text.find('\0')); }
-
 }  // namespace detail
 
 /**
@@ -74,34 +71,6 @@ inline std::vector<ovx_param> parameters(OvxIdentifier& identifier) {
   listing.exceptions(std::ios_base::badbit);
   identifier.listParams(listing);
   return std::move(reader.parameters);
-}
-
-/**
- * @brief Returns the variables that OvxIdentifier::execute() would export for a list.
- *
- * @param parameters The list, as parameters() returns it. A parameter whose name has a '=', which
- *        execute() does not export, stands there with a shorter name, and so is not left out here.
- * @return One entry for each name, in the order of their first appearance: of equal names the last
- *         value, up to its first NUL byte. Empty names are left out, and so are names with a '='.
- *         Names end at their first NUL byte too.
- * @throw std::bad_alloc When memory runs out.
- */
-inline std::vector<ovx_param> environment(const std::vector<ovx_param>& parameters) {
-  std::vector<ovx_param> variables;
-  std::unordered_map<std::string, std::size_t> positions;
-  for (const ovx_param& parameter : parameters) {
-    const std::string name = detail::untilNul(parameter.name);
-    if (name.empty() || name.find('=') != std::string::npos) {
-      continue;
-    }
-    const auto position = positions.emplace(name, variables.size());
-    if (position.second) {
-      variables.push_back({name, detail::untilNul(parameter.value)});
-    } else {
-      variables[position.first->second].value = detail::untilNul(parameter.value);
-    }
-  }
-  return variables;
 }
 
 }  // namespace ovxid

@@ -1,59 +1,63 @@
+#include "catalogue/loading.h"
+
 #include <optional>
 #include <utility>
 
-#include "OvxIdentifier.h"
 #include "catalogue/builtin.h"
 #include "catalogue/line.h"
-#include "log/log.h"
 #include "text/lines.h"
-
-using log4cpp::Priority;
 
 namespace ovxid {
 
 namespace {
 
-using Catalogue = std::vector<HardwareIdentity>;
-
-constexpr const char* cataloguePath = "/etc/known_ovx_ids";
-
-void appendLine(Catalogue& catalogue, std::string_view line, cQlog* logger) {
+bool appendLine(Catalogue& catalogue, std::string_view line, const Log& log) {
   HardwareIdentity identity{};
-  if (parseLine(identity, line, logger)) {
-    catalogue.push_back(std::move(identity));
+  if (parseLine(identity, line, log) != nullptr) {
+    return false;
   }
+  catalogue.push_back(std::move(identity));
+  return true;
 }
 
-void appendFile(Catalogue& catalogue, const InputFile& file, cQlog* logger) {
+// Returns the numbers of the lines that it passes over.
+std::vector<std::size_t> appendFile(Catalogue& catalogue, InputFile& file, const Log& log) {
+  std::vector<std::size_t> passedOver;
   LineReader lines(file);
-  while (const std::optional<std::string_view> line = lines.next()) {
-    appendLine(catalogue, *line, logger);
+  for (std::size_t number = 1; const std::optional<std::string_view> line = lines.next();
+       ++number) {
+    if (!appendLine(catalogue, *line, log)) {
+      passedOver.push_back(number);
+    }
   }
+  return passedOver;
 }
 
-void appendBuiltin(Catalogue& catalogue, cQlog* logger) {
+void appendBuiltin(Catalogue& catalogue, const Log& log) {
   for (const BuiltinIdentity& known : builtinIdentities) {
-    // Without the logger, since the message for a line of the file does not apply here.
-    appendLine(catalogue, known.line, nullptr);
-    log(logger, Priority::DEBUG, {known.message});
+    // Silently, since the message for a line of the file does not apply here.
+    appendLine(catalogue, known.line, Log());
+    log(Level::debug, {known.message});
   }
 }
 
 }  // namespace
 
-}  // namespace ovxid
-
-void OvxIdentifier::findKnownIdentities() {
-  using ovxid::cataloguePath;
-  using ovxid::log;
-  log(mLogger, Priority::DEBUG, {"Finding list of known identities..."});
-  if (const ovxid::InputFile file(cataloguePath); file.isOpen()) {
-    log(mLogger, Priority::DEBUG,
-        {"Opened file ", cataloguePath, ", now reading known hardware identites"});
-    ovxid::appendFile(mKnownIdentities, file, mLogger);
+CatalogueFile loadCatalogue(const Host& host, Catalogue& catalogue, const Log& log) {
+  const char* const path = pathOf(File::catalogue);
+  log(Level::debug, {"Finding list of known identities..."});
+  CatalogueFile result;
+  InputFile file = host.open(File::catalogue);
+  if (file.isOpen()) {
+    log(Level::debug, {"Opened file ", path, ", now reading known hardware identites"});
+    result.passedOver = appendFile(catalogue, file, log);
   } else {
-    log(mLogger, Priority::WARN,
-        {"No ", cataloguePath, ", using default known hardware identities"});
-    ovxid::appendBuiltin(mKnownIdentities, mLogger);
+    log(Level::warn, {"No ", path, ", using default known hardware identities"});
+    result.isReplaced = true;
+    appendBuiltin(catalogue, log);
   }
+  result.error = file.error();
+  return result;
 }
+
+}  // namespace ovxid

@@ -1,9 +1,7 @@
-#include "identity/match.h"
-#include "log/log.h"
-#include "platform.h"
-#include "text/lines.h"
+#include <stdexcept>
 
-using log4cpp::Priority;
+#include "identity/lookup.h"
+#include "text/lines.h"
 
 namespace ovxid {
 
@@ -12,10 +10,10 @@ namespace {
 constexpr std::string_view hardwareField = "Hardware";
 
 // Later lines are neither logged nor compared.
-std::optional<std::string> hardwareLine(const InputFile& cpuinfo, cQlog* logger) {
+std::optional<std::string> hardwareLine(InputFile& cpuinfo, const Log& log) {
   LineReader lines(cpuinfo);
   while (const std::optional<std::string_view> line = lines.next()) {
-    log(logger, Priority::DEBUG, {"Cpuinfo line: ", *line});
+    log(Level::debug, {"Cpuinfo line: ", *line});
     if (line->substr(0, hardwareField.size()) == hardwareField) {
       return std::string(*line);
     }
@@ -23,46 +21,60 @@ std::optional<std::string> hardwareLine(const InputFile& cpuinfo, cQlog* logger)
   return std::nullopt;
 }
 
-Finding identifyByValue(const std::string& value, const Search& search) {
-  log(search.logger, Priority::DEBUG, {"Searching known real names..."});
+Finding identifyByValue(const std::string& value, Search& search) {
+  search.lookUp("The Hardware value", value, true);
+  search.log(Level::debug, {"Searching known real names..."});
   for (const HardwareIdentity& identity : search.catalogue) {
     if (identity.name == value) {
-      return found(identity);
+      return adopt(identity);
     }
   }
-  log(search.logger, Priority::DEBUG, {"Searching known aliases..."});
+  search.log(Level::debug, {"Searching known aliases..."});
   for (const HardwareIdentity& identity : search.catalogue) {
     if (hasAlias(identity, value)) {
-      return found(identity);
+      return adopt(identity);
     }
   }
-  log(search.logger, Priority::ERROR,
-      {"The possible alias is not a real name or alias of any identity"});
+  search.log(Level::error, {"The possible alias is not a real name or alias of any identity"});
   return {};
+}
+
+Finding identifyByLine(const std::string& line, Search& search) {
+  search.log(Level::debug, {"Found Hardware field..."});
+  try {
+    // Without a colon, npos + 2 wraps around to 1. When the colon is the last character, substr
+    // throws the std::out_of_range that the public header documents.
+    const std::string value = line.substr(line.find(':') + 2);
+    search.log(Level::debug, {"Found possisble alias: '", value, "'"});
+    return identifyByValue(value, search);
+  } catch (const std::out_of_range&) {
+    search.note("the Hardware line ends at its colon, which ends the search");
+    Finding finding;
+    finding.thrown = std::current_exception();
+    return finding;
+  }
 }
 
 }  // namespace
 
 Finding identifyByCpuinfo(Search& search) {
-  log(search.logger, Priority::DEBUG,
-      {"Finding the hardware idenitity with uname failed,"
-       " attempting to find hardware identity with cpuinfo"});
-  const InputFile cpuinfo(cpuinfoPath);
+  search.log(Level::debug, {"Finding the hardware idenitity with uname failed,"
+                            " attempting to find hardware identity with cpuinfo"});
+  InputFile cpuinfo = search.host.open(File::cpuinfo);
   if (!cpuinfo.isOpen()) {
-    log(search.logger, Priority::ERROR,
-        {"Could not open the ", cpuinfoPath, " file, is the proc filesystem mounted"});
+    search.haveRead(pathOf(File::cpuinfo), cpuinfo.error());
+    search.log(Level::error, {"Could not open the ", pathOf(File::cpuinfo),
+                              " file, is the proc filesystem mounted"});
     return {};
   }
-  const std::optional<std::string> line = hardwareLine(cpuinfo, search.logger);
+  const std::optional<std::string> line = hardwareLine(cpuinfo, search.log);
   if (!line) {
+    search.haveRead(pathOf(File::cpuinfo), cpuinfo.error());
+    search.note("no line begins with Hardware");
     return {};
   }
-  log(search.logger, Priority::DEBUG, {"Found Hardware field..."});
-  // Without a colon, npos + 2 wraps around to 1. When the colon is the last character, substr
-  // throws the std::out_of_range that the header documents.
-  const std::string value = line->substr(line->find(':') + 2);
-  log(search.logger, Priority::DEBUG, {"Found possisble alias: '", value, "'"});
-  return identifyByValue(value, search);
+  search.haveRead(pathOf(File::cpuinfo), 0, *line);
+  return identifyByLine(*line, search);
 }
 
 }  // namespace ovxid

@@ -1,37 +1,44 @@
-#include <array>
+#include <utility>
 
 #include "identity/sources.h"
-#include "log/log.h"
-#include "platform.h"
 #include "text/lines.h"
 #include "text/number.h"
-
-using log4cpp::Priority;
 
 namespace ovxid {
 
 namespace {
 
-// The path of a file of the node, put together by the compiler.
-template <std::size_t Size>
-constexpr std::array<char, nodePath.size() + 1 + Size> inNode(const char (&name)[Size]) {
-  std::array<char, nodePath.size() + 1 + Size> path{};
-  std::size_t end = 0;
-  for (const char byte : nodePath) {
-    path[end++] = byte;
-  }
-  path[end++] = '/';
-  for (const char byte : name) {
-    path[end++] = byte;
-  }
-  return path;
+void logUnopened(File file, const Log& log) {
+  log(Level::debug, {"Could not open ", pathOf(file), " "});
 }
 
-constexpr auto boardidPath = inNode("boardid");
-constexpr auto descriptionPath = inNode("description");
+void readBoardid(Search& search, Finding& finding) {
+  std::string beginning;
+  InputFile boardid = search.host.open(File::boardid);
+  if (boardid.isOpen()) {
+    if (search.trial != nullptr) {
+      boardid.keepBeginning(beginning);
+    }
+    finding.identified = true;
+    finding.number = firstNumber(boardid);
+  } else {
+    logUnopened(File::boardid, search.log);
+  }
+  search.haveRead(pathOf(File::boardid), boardid.error(), beginning);
+}
 
-void logUnopened(const char* path, cQlog* logger) {
-  log(logger, Priority::DEBUG, {"Could not open ", path, " "});
+void readDescription(Search& search, Finding& finding) {
+  std::string beginning;
+  InputFile description = search.host.open(File::description);
+  if (description.isOpen()) {
+    if (search.trial != nullptr) {
+      description.keepBeginning(beginning);
+    }
+    finding.name = firstLine(description).text;
+  } else {
+    logUnopened(File::description, search.log);
+  }
+  search.haveRead(pathOf(File::description), description.error(), beginning);
 }
 
 }  // namespace
@@ -39,19 +46,10 @@ void logUnopened(const char* path, cQlog* logger) {
 // That "boardid" can be opened is enough to identify the board. So it is not checked whether the
 // number and the name can be read: what is missing stays as it was.
 Finding identifyByDeviceTree(Search& search) {
-  log(search.logger, Priority::DEBUG, {"Attempting to find alias by DT"});
+  search.log(Level::debug, {"Attempting to find alias by DT"});
   Finding finding;
-  if (const InputFile boardid(boardidPath.data()); boardid.isOpen()) {
-    finding.identified = true;
-    finding.number = firstNumber(boardid);
-  } else {
-    logUnopened(boardidPath.data(), search.logger);
-  }
-  if (const InputFile description(descriptionPath.data()); description.isOpen()) {
-    finding.name = firstLine(description);
-  } else {
-    logUnopened(descriptionPath.data(), search.logger);
-  }
+  readBoardid(search, finding);
+  readDescription(search, finding);
   return finding;
 }
 

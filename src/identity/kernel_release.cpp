@@ -1,31 +1,17 @@
-#include "identity/match.h"
-#include "log/log.h"
-
-using log4cpp::Priority;
+#include "identity/lookup.h"
 
 namespace ovxid {
 
 namespace {
 
-std::optional<utsname> askKernel(cQlog* logger) {
-  log(logger, Priority::DEBUG, {"Attempting to find alias by uname"});
-  utsname kernel{};
-  if (uname(&kernel) < 0) {
-    log(logger, Priority::WARN, {"There was a problem with uname, continuing"});
-    return std::nullopt;
-  }
-  log(logger, Priority::DEBUG, {"No problems with uname"});
-  return kernel;
-}
-
-Finding identifyBySuffix(std::string_view suffix, const Search& search) {
-  log(search.logger, Priority::DEBUG, {"therefore possible alias of machine = '", suffix, "'"});
+Finding identifyBySuffix(std::string_view suffix, Search& search) {
+  search.lookUp("The end of the release", suffix, false);
+  search.log(Level::debug, {"therefore possible alias of machine = '", suffix, "'"});
   for (const HardwareIdentity& identity : search.catalogue) {
-    log(search.logger, Priority::DEBUG, {"Searching known aliases of ", identity.name, "..."});
+    search.log(Level::debug, {"Searching known aliases of ", identity.name, "..."});
     if (hasAlias(identity, suffix)) {
-      log(search.logger, Priority::DEBUG,
-          {"Alias: ", suffix, " is an alias of identity: ", identity.name});
-      return found(identity);
+      search.log(Level::debug, {"Alias: ", suffix, " is an alias of identity: ", identity.name});
+      return adopt(identity);
     }
   }
   return {};
@@ -34,14 +20,19 @@ Finding identifyBySuffix(std::string_view suffix, const Search& search) {
 }  // namespace
 
 Finding identifyByKernelRelease(Search& search) {
-  search.kernel = askKernel(search.logger);
-  if (!search.kernel) {
+  search.log(Level::debug, {"Attempting to find alias by uname"});
+  if (const int error = search.askKernel(); error != 0) {
+    search.haveRead("uname", error);
+    search.log(Level::warn, {"There was a problem with uname, continuing"});
     return {};
   }
-  const std::string_view release = search.kernel->release;
-  log(search.logger, Priority::DEBUG, {"uts.release= ", release});
+  search.log(Level::debug, {"No problems with uname"});
+  const std::string_view release = search.kernel.release;
+  search.haveRead("uname", 0, release);
+  search.log(Level::debug, {"uts.release= ", release});
   const auto hyphen = release.rfind('-');
   if (hyphen == std::string_view::npos) {
+    search.note("no '-' with an alias behind it");
     return {};
   }
   return identifyBySuffix(release.substr(hyphen + 1), search);

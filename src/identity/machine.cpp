@@ -1,15 +1,23 @@
 #include <string_view>
 
 #include "identity/sources.h"
-#include "platform.h"
+#include "identity/well_known.h"
 
 namespace ovxid {
 
 Finding identifyByMachine(Search& search) {
-  if (!search.kernel || std::string_view(search.kernel->machine) != "x86_64") {
+  if (const int error = search.askKernel(); error != 0) {
+    search.haveRead("uname", error);
     return {};
   }
-  return {true, "x86_64 PC", std::nullopt, pcNumber};
+  const std::string_view machine = search.kernel.machine;
+  search.haveRead("uname", 0, machine);
+  if (machine != "x86_64") {
+    search.note("not x86_64");
+    return {};
+  }
+  search.note("a PC");
+  return {true, pcName, pcNumber, nullptr, nullptr};
 }
 
 }  // namespace ovxid

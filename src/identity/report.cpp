@@ -1,7 +1,4 @@
-#include "OvxIdentifier.h"
-#include "log/log.h"
-
-using log4cpp::Priority;
+#include "identity/report.h"
 
 namespace ovxid {
 
@@ -17,17 +14,17 @@ std::string eachWithABlank(const std::vector<std::string>& aliases) {
 
 }  // namespace
 
-}  // namespace ovxid
-
-void OvxIdentifier::logFullId(Priority::PriorityLevel level) {
-  using ovxid::log;
-  if (mLogger == nullptr) {
+void report(const Log& log, Level level, const std::string& name, std::int32_t number,
+            const std::vector<std::string>* aliases) {
+  if (!log.isRead()) {
     return;
   }
-  log(mLogger, level, {mDetermined ? "Full identity: " : "Identity is unknown: "});
-  log(mLogger, level, {"Real name: ", mHardwareName});
-  log(mLogger, level, {"Hardware number: ", std::to_string(mHardwareNumber)});
-  if (mDetermined) {
-    log(mLogger, level, {"Aliases: ", ovxid::eachWithABlank(mHardwareAliases)});
+  log(level, {aliases != nullptr ? "Full identity: " : "Identity is unknown: "});
+  log(level, {"Real name: ", name});
+  log(level, {"Hardware number: ", std::to_string(number)});
+  if (aliases != nullptr) {
+    log(level, {"Aliases: ", eachWithABlank(*aliases)});
   }
 }
+
+}  // namespace ovxid

@@ -1,43 +1,37 @@
 #ifndef OVXID_IDENTITY_SOURCES_H
 #define OVXID_IDENTITY_SOURCES_H
 
-#include <sys/utsname.h>
+#include <array>
 
-#include <optional>
-
-#include "OvxIdentifier.h"
+#include "identity/search.h"
 
 namespace ovxid {
 
-// What a source searches in.
-struct Search {
-  const std::vector<HardwareIdentity>& catalogue;
-  cQlog* logger;
-  // The answer of uname(2): none before a source has asked, and none when uname(2) failed.
-  std::optional<utsname> kernel;
+// Where an identity may come from.
+struct Source {
+  Finding (*identify)(Search& search);
+  // For programs, and for people.
+  const char* name;
+  const char* title;
+  // What people are told when it decides. Where the catalogue was searched, the place in it
+  // follows.
+  const char* decision;
 };
 
-// What a source found. Where it found nothing, the identifier keeps the value that it has.
-struct Finding {
-  bool identified = false;
-  std::optional<std::string> name;
-  std::optional<std::vector<std::string>> aliases;
-  std::optional<std::int32_t> number;
-};
+using Identify = Finding(Search&);
 
-using Source = Finding(Search&);
+Identify identifyByDeviceTree;
+Identify identifyByKernelRelease;
+Identify identifyByMachine;
+Identify identifyByCpuinfo;
 
-Source identifyByDeviceTree;
-Source identifyByKernelRelease;
-Source identifyByMachine;
-Source identifyByCpuinfo;
-
-// The order in which they are tried, until one identifies the board.
-constexpr Source* sources[] = {
-    identifyByDeviceTree,
-    identifyByKernelRelease,
-    identifyByMachine,
-    identifyByCpuinfo,
+// In the order in which they are tried, until one identifies the board.
+inline constexpr std::array sources = {
+    Source{identifyByDeviceTree, "device-tree", "device tree", "the device tree says so"},
+    Source{identifyByKernelRelease, "kernel-release", "kernel release",
+           "the kernel's release matches an alias in "},
+    Source{identifyByMachine, "machine", "machine", "the machine is x86_64"},
+    Source{identifyByCpuinfo, "cpuinfo", "cpuinfo", "the Hardware line matches "},
 };
 
 }  // namespace ovxid

@@ -1,16 +1,24 @@
-#include "OvxIdentifier.h"
-#include "params/names.h"
-#include "platform.h"
+#include "params/collection.h"
 
-void OvxIdentifier::parse_params() {
-  namespace parameter = ovxid::parameter;
-  if (mHardwareNumber >= 0) {
-    addParameter(parameter::id, std::to_string(mHardwareNumber));
-    addParameter(parameter::description, mHardwareName);
+#include "identity/well_known.h"
+#include "net/wan.h"
+#include "params/names.h"
+#include "params/properties.h"
+
+namespace ovxid {
+
+Collection collect(const Host& host, std::int32_t number, const std::string& name,
+                   Collector& collector) {
+  if (number >= 0) {
+    const Origin identity{Origin::Kind::identity};
+    collector.add(parameter::id, std::to_string(number), identity);
+    collector.add(parameter::description, name, identity);
   }
-  std::string node(ovxid::nodePath);
-  if (OvxDTParser::parse(this, node.data()) < 0 && mHardwareNumber == ovxid::pcNumber) {
-    search_wan();
+  const bool hasNode = collectProperties(host, collector);
+  if (!hasNode && number == pcNumber) {
+    searchWan(host, collector);
   }
-  add_wan_mac();
+  return {hasNode, addWanMac(host, collector)};
 }
+
+}  // namespace ovxid

@@ -1,18 +1,16 @@
+#include "params/list.h"
+
 #include <ostream>
-#include <utility>
 
-#include "OvxIdentifier.h"
+namespace ovxid {
 
-void OvxIdentifier::addParameter(std::string name, std::string value) {
-  mParams.push_back({std::move(name), std::move(value)});
-}
-
-std::ostream& OvxIdentifier::listParams(std::ostream& out) {
+void writeList(const std::vector<ovx_param>& list, std::ostream& out) {
   std::string line;
-  for (const ovx_param& param : mParams) {
+  for (const ovx_param& param : list) {
     line.assign(param.name).append("=").append(param.value).append("\n");
     // Unformatted, so that a width set on the stream pads nothing.
     out.write(line.data(), static_cast<std::streamsize>(line.size())).flush();
   }
-  return out;
 }
+
+}  // namespace ovxid

@@ -7,20 +7,51 @@
 
 namespace ovxid {
 
-InputFile::InputFile(const char* path) : mDescriptor(open(path, O_RDONLY | O_CLOEXEC)) {}
+namespace {
+
+// People are shown less.
+constexpr std::size_t mostKept = 65536;
+
+}  // namespace
+
+InputFile::InputFile(const char* path) : mDescriptor(open(path, O_RDONLY | O_CLOEXEC)) {
+  mIsOpen = mDescriptor >= 0;
+  mError = mIsOpen ? 0 : errno;
+}
 
 InputFile::~InputFile() {
-  if (isOpen()) {
+  if (mDescriptor >= 0) {
     close(mDescriptor);
   }
 }
 
-ssize_t InputFile::read(char* buffer, std::size_t size) const {
+ssize_t InputFile::read(char* buffer, std::size_t size) {
+  const ssize_t count = mDescriptor < 0 ? readBytes(buffer, size) : readFile(buffer, size);
+  if (count > 0 && mBeginning != nullptr && mBeginning->size() < mostKept) {
+    mBeginning->append(buffer, static_cast<std::size_t>(count));
+  }
+  return count;
+}
+
+ssize_t InputFile::readFile(char* buffer, std::size_t size) {
   ssize_t count = 0;
   do {
     count = ::read(mDescriptor, buffer, size);
   } while (count < 0 && errno == EINTR);
+  if (count < 0) {
+    mError = errno;
+  }
   return count;
+}
+
+ssize_t InputFile::readBytes(char* buffer, std::size_t size) {
+  const std::size_t count = mBytes.copy(buffer, size);
+  mBytes.remove_prefix(count);
+  if (count == 0 && mErrorAtEnd != 0) {
+    mError = mErrorAtEnd;
+    return -1;
+  }
+  return static_cast<ssize_t>(count);
 }
 
 }  // namespace ovxid

@@ -56,8 +56,8 @@ void LineReader::makeRoom() {
   }
 }
 
-std::string firstLine(const InputFile& file) {
-  std::string line;
+FirstLine firstLine(InputFile& file) {
+  FirstLine line;
   std::array<char, 4096> part;
   for (;;) {
     const ssize_t count = file.read(part.data(), part.size());
@@ -66,8 +66,10 @@ std::string firstLine(const InputFile& file) {
     }
     const std::string_view read(part.data(), static_cast<std::size_t>(count));
     const auto newline = read.find('\n');
-    line.append(read.substr(0, newline));
+    line.text.append(read.substr(0, newline));
     if (newline != std::string_view::npos) {
+      line.endsInNewline = true;
+      line.hasMoreBehind = read.find_first_not_of('\0', newline + 1) != std::string_view::npos;
       return line;
     }
   }

@@ -13,7 +13,7 @@ namespace ovxid {
 // the file.
 class LineReader {
  public:
-  explicit LineReader(const InputFile& file) : mFile(file) {}
+  explicit LineReader(InputFile& file) : mFile(file) {}
 
   // The next line, which stays valid until the next call. None at the end of the file or when
   // reading fails: a line of which only the beginning can be read is dropped.
@@ -23,7 +23,7 @@ class LineReader {
   bool readMore();
   void makeRoom();
 
-  const InputFile& mFile;
+  InputFile& mFile;
   std::string mBuffer;
   // What was read into the buffer and is not handed out yet.
   std::size_t mBegin = 0;
@@ -31,8 +31,15 @@ class LineReader {
   bool mAtEnd = false;
 };
 
-// The first line of a file, or as much of it as can be read.
-std::string firstLine(const InputFile& file);
+struct FirstLine {
+  std::string text;
+  // Whether a newline ends it, and whether more than NUL bytes were read behind that.
+  bool endsInNewline = false;
+  bool hasMoreBehind = false;
+};
+
+// The first line of a file, or as much of it as can be read: nothing of one that is not open.
+FirstLine firstLine(InputFile& file);
 
 }  // namespace ovxid
 

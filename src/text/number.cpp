@@ -79,7 +79,7 @@ std::optional<std::int32_t> readNumber(std::string_view text) {
   return number.nearest();
 }
 
-std::optional<std::int32_t> firstNumber(const InputFile& file) {
+std::optional<std::int32_t> firstNumber(InputFile& file) {
   NumberReader number;
   std::array<char, 4096> part;
   for (;;) {

@@ -16,7 +16,7 @@ std::optional<std::int32_t> readNumber(std::string_view text);
 
 // None when the file is blank or cannot be read. A number outside the range gives the nearest
 // limit, and other text gives 0.
-std::optional<std::int32_t> firstNumber(const InputFile& file);
+std::optional<std::int32_t> firstNumber(InputFile& file);
 
 }  // namespace ovxid
 

@@ -20,7 +20,7 @@ class InputFileTest : public testing::Test {
  protected:
   ~InputFileTest() override { kernel = {}; }
 
-  std::string readPart(const InputFile& file) {
+  std::string readPart(InputFile& file) {
     const ssize_t count = file.read(mPart.data(), mPart.size());
     return count < 0 ? "cannot be read"
                      : std::string(mPart.data(), static_cast<std::size_t>(count));
@@ -31,7 +31,7 @@ class InputFileTest : public testing::Test {
 
 TEST_F(InputFileTest, GivesItsBytesInPartsAndNothingAtItsEnd) {
   const MemoryFile bytes(std::string_view("a\nb\0cd", 6));
-  const InputFile file(bytes.path().c_str());
+  InputFile file(bytes.path().c_str());
   EXPECT_TRUE(file.isOpen());
   EXPECT_EQ(readPart(file), std::string("a\nb\0", 4));
   EXPECT_EQ(readPart(file), "cd");
@@ -40,19 +40,19 @@ TEST_F(InputFileTest, GivesItsBytesInPartsAndNothingAtItsEnd) {
 }
 
 TEST_F(InputFileTest, IsNotOpenWhenItIsMissing) {
-  const InputFile file("/proc/self/fd/none");
+  InputFile file("/proc/self/fd/none");
   EXPECT_FALSE(file.isOpen());
 }
 
 TEST_F(InputFileTest, CannotBeReadWhenItIsADirectory) {
-  const InputFile file("/");
+  InputFile file("/");
   EXPECT_TRUE(file.isOpen());
   EXPECT_EQ(readPart(file), "cannot be read");
 }
 
 TEST_F(InputFileTest, IsReadOnWhenASignalInterruptsReading) {
   const MemoryFile bytes("abcd");
-  const InputFile file(bytes.path().c_str());
+  InputFile file(bytes.path().c_str());
   kernel.interruptions = 3;
   EXPECT_EQ(readPart(file), "abcd");
   EXPECT_EQ(kernel.interruptions, 0);
@@ -61,8 +61,8 @@ TEST_F(InputFileTest, IsReadOnWhenASignalInterruptsReading) {
 TEST_F(InputFileTest, IsClosedWhenItGoesOutOfScope) {
   const auto before = openDescriptors();
   {
-    const InputFile file("/dev/null");
-    const InputFile missing("/proc/self/fd/none");
+    InputFile file("/dev/null");
+    InputFile missing("/proc/self/fd/none");
     EXPECT_EQ(openDescriptors(), before + 1);
   }
   EXPECT_EQ(openDescriptors(), before);
@@ -72,7 +72,7 @@ TEST_F(InputFileTest, IsReadAsDescriptor0WhenStandardInputIsClosed) {
   const MemoryFile bytes("abcd");
   const Outcome outcome = inChild([&] {
     close(STDIN_FILENO);
-    const InputFile file(bytes.path().c_str());
+    InputFile file(bytes.path().c_str());
     std::cout << (file.isOpen() ? readPart(file) : "not open");
     return 0;
   });
@@ -82,7 +82,7 @@ TEST_F(InputFileTest, IsReadAsDescriptor0WhenStandardInputIsClosed) {
 TEST_F(InputFileTest, LeavesDescriptor0ClosedWhenStandardInputIsClosed) {
   const Outcome outcome = inChild([] {
     close(STDIN_FILENO);
-    { const InputFile file("/dev/null"); }
+    { InputFile file("/dev/null"); }
     std::cout << (fcntl(STDIN_FILENO, F_GETFD) < 0 ? "closed" : "open");
     return 0;
   });
@@ -92,7 +92,7 @@ TEST_F(InputFileTest, LeavesDescriptor0ClosedWhenStandardInputIsClosed) {
 TEST_F(InputFileTest, IsNotInheritedByAProgramThatIsLaunched) {
   const int lowestFree = dup(STDIN_FILENO);
   close(lowestFree);
-  const InputFile file("/dev/null");
+  InputFile file("/dev/null");
   EXPECT_EQ(fcntl(lowestFree, F_GETFD), FD_CLOEXEC);
 }
 

@@ -20,7 +20,7 @@ namespace {
 using Lines = std::vector<std::string>;
 
 Lines readLines(const std::string& path, const Reading& reading = {}) {
-  const InputFile file(path.c_str());
+  InputFile file(path.c_str());
   LineReader reader(file);
   Lines lines;
   const LimitedReading limited(reading);
@@ -41,9 +41,9 @@ Lines streamedLines(const std::string& path, const Reading& reading = {}) {
 }
 
 std::string readFirstLine(const std::string& path, const Reading& reading = {}) {
-  const InputFile file(path.c_str());
+  InputFile file(path.c_str());
   const LimitedReading limited(reading);
-  return firstLine(file);
+  return firstLine(file).text;
 }
 
 std::string streamedFirstLine(const std::string& path, const Reading& reading = {}) {
@@ -88,7 +88,7 @@ TEST(Lines, KeepEveryByteButTheirNewline) {
 
 TEST(Lines, EndForGoodAtTheEndOfTheFile) {
   const MemoryFile bytes("a");
-  const InputFile file(bytes.path().c_str());
+  InputFile file(bytes.path().c_str());
   LineReader reader(file);
   EXPECT_EQ(reader.next(), "a");
   EXPECT_EQ(reader.next(), std::nullopt);
@@ -114,9 +114,9 @@ TEST(FirstLine, IsKeptAsFarAsItCanBeRead) {
 
 TEST(FirstLine, IsReadNoFurtherThanThePartThatEndsIt) {
   const MemoryFile bytes("one\ntwo\n");
-  const InputFile file(bytes.path().c_str());
+  InputFile file(bytes.path().c_str());
   const LimitedReading limited({3, 5});
-  EXPECT_EQ(firstLine(file), "one");
+  EXPECT_EQ(firstLine(file).text, "one");
   EXPECT_EQ(kernel.readsLeft, 2);
 }
 
@@ -158,7 +158,7 @@ TEST(Lines, OfAFileLargerThanTheBufferTakeNoLargerOne) {
     bytes += "short\n";
   }
   const MemoryFile memory(bytes);
-  const InputFile file(memory.path().c_str());
+  InputFile file(memory.path().c_str());
   LineReader reader(file);
   EXPECT_EQ(allocationsOf([&] {
               while (reader.next()) {

@@ -25,7 +25,7 @@ Number streamedNumber(const std::string& text) {
 }
 
 Number numberOfFile(const std::string& path, const Reading& reading = {}) {
-  const InputFile file(path.c_str());
+  InputFile file(path.c_str());
   const LimitedReading limited(reading);
   return firstNumber(file);
 }
@@ -152,7 +152,7 @@ TEST(FirstNumber, IsReadWhenTheFileFailsBehindIt) {
 
 TEST(FirstNumber, IsReadNoFurtherThanThePartThatEndsIt) {
   const MemoryFile bytes("12 45678");
-  const InputFile file(bytes.path().c_str());
+  InputFile file(bytes.path().c_str());
   const LimitedReading limited({3, 4});
   EXPECT_EQ(firstNumber(file), 12);
   EXPECT_EQ(kernel.readsLeft, 2);

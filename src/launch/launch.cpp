@@ -1,9 +1,9 @@
+#include "launch/launch.h"
+
 #include <unistd.h>
 
 #include <cerrno>
 #include <cstdlib>
-
-#include "OvxIdentifier.h"
 
 namespace ovxid {
 
@@ -11,13 +11,13 @@ namespace {
 
 // A parameter that setenv(3) refuses is left out: a device-tree property may have a name that no
 // variable can have.
-void exportParams(const std::vector<ovx_param>& params) {
-  for (const ovx_param& param : params) {
+void exportList(const std::vector<ovx_param>& list) {
+  for (const ovx_param& param : list) {
     setenv(param.name.c_str(), param.value.c_str(), 1);
   }
 }
 
-int executeShell(int argc, char** argv) {
+int launchShell(int argc, char** argv) {
   const char* const chosen = std::getenv("SHELL");
   const char* const shell = chosen == nullptr ? ovxDefaultShell : chosen;
   // NOLINTNEXTLINE(cppcoreguidelines-pro-type-const-cast): execvp(3) does not change the strings
@@ -28,13 +28,13 @@ int executeShell(int argc, char** argv) {
 
 }  // namespace
 
-}  // namespace ovxid
-
-int OvxIdentifier::execute(int argc, char** argv, bool useShell) {
+int launch(const std::vector<ovx_param>& list, int argc, char** argv, bool useShell) {
   if (useShell && argc < 0) {
     errno = EINVAL;
     return -1;
   }
-  ovxid::exportParams(mParams);
-  return useShell ? ovxid::executeShell(argc, argv) : execvp(argv[0], argv);
+  exportList(list);
+  return useShell ? launchShell(argc, argv) : execvp(argv[0], argv);
 }
+
+}  // namespace ovxid

@@ -1,5 +1,5 @@
-#ifndef OVXID_NET_QUERY_SOCKET_H
-#define OVXID_NET_QUERY_SOCKET_H
+#ifndef OVXID_HOST_QUERY_SOCKET_H
+#define OVXID_HOST_QUERY_SOCKET_H
 
 #include <sys/socket.h>
 #include <unistd.h>

@@ -1,5 +1,5 @@
-#ifndef OVXID_IDENTITY_MATCH_H
-#define OVXID_IDENTITY_MATCH_H
+#ifndef OVXID_IDENTITY_LOOKUP_H
+#define OVXID_IDENTITY_LOOKUP_H
 
 #include <algorithm>
 #include <string_view>
@@ -15,8 +15,8 @@ inline bool hasAlias(const HardwareIdentity& identity, std::string_view candidat
   // GCOVR_EXCL_BR_STOP
 }
 
-inline Finding found(const HardwareIdentity& identity) {
-  return {true, identity.name, identity.aliases, identity.number};
+inline Finding adopt(const HardwareIdentity& identity) {
+  return {true, identity.name, identity.number, &identity, nullptr};
 }
 
 }  // namespace ovxid

@@ -1,0 +1,72 @@
+#include "net/wan.h"
+
+#include <net/if.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <charconv>
+
+#include "params/names.h"
+
+namespace ovxid {
+
+namespace {
+
+constexpr const char* loopback = "lo";
+
+// Bytes of 0x80 and above are sign-extended to 16 bits: board programs expect this form.
+std::string macText(const MacAddress& address) {
+  std::string text;
+  for (const std::uint8_t byte : address) {
+    const auto extended = static_cast<std::uint16_t>(static_cast<std::int8_t>(byte));
+    std::array<char, 4> digits{};
+    const std::to_chars_result written =
+        std::to_chars(digits.data(), digits.data() + digits.size(), extended, 16);
+    text.append(digits.data(), written.ptr);
+  }
+  return text;
+}
+
+int askForAddress(const Host& host, const std::string& interface, MacAddress& address) {
+  // If it were cut, it could be the name of another interface, whose address would then be taken
+  // for the board's.
+  if (interface.size() >= IFNAMSIZ) {
+    return ENAMETOOLONG;
+  }
+  return host.macAddress(interface, address);
+}
+
+}  // namespace
+
+void searchWan(const Host& host, Collector& collector) {
+  InterfaceList list = host.interfaces();
+  if (list.failedCall != nullptr) {
+    collector.fail(list.failedCall, list.error);
+    return;
+  }
+  const auto wan = std::find_if(list.names.begin(), list.names.end(),
+                                [](const std::string& name) { return name != loopback; });
+  if (wan != list.names.end()) {
+    collector.add(parameter::wan, std::move(*wan), {Origin::Kind::interface});
+  }
+}
+
+int addWanMac(const Host& host, Collector& collector) {
+  const std::vector<ovx_param>& list = collector.list();
+  const auto wan = std::find_if(list.begin(), list.end(), [](const ovx_param& param) {
+    return param.name == parameter::wan;
+  });
+  if (wan == list.end()) {
+    return 0;
+  }
+  MacAddress address{};
+  const int error = askForAddress(host, wan->value.substr(0, wan->value.find('\0')), address);
+  if (error == 0) {
+    collector.add(parameter::wanMac, macText(address), {Origin::Kind::interface});
+  } else {
+    collector.fail("ioctl(wan_mac)", error);
+  }
+  return error;
+}
+
+}  // namespace ovxid

@@ -1,0 +1,16 @@
+#ifndef OVXID_NET_WAN_H
+#define OVXID_NET_WAN_H
+
+#include "params/collection.h"
+
+namespace ovxid {
+
+// Adds the WAN interface, if the host has one: the first that is not the loopback.
+void searchWan(const Host& host, Collector& collector);
+
+// Adds the address of the interface that the list names first, if it names one. Returns the error.
+int addWanMac(const Host& host, Collector& collector);
+
+}  // namespace ovxid
+
+#endif
