@@ -15,7 +15,7 @@ struct Goal {
 constexpr Goal goals[] = {
     {"catalogue/1000", 1.25},  {"catalogue/100000", 1.25}, {"catalogue/1000000", 1.25},
     {"walk/100", 1.10},        {"walk/10000", 1.10},       {"listing/10000", 1.15},
-    {"identification/", 1.25}, {"start/", 1.03},           {"check/1000000", 10},
+    {"identification/", 1.25}, {"start/", 1.05},           {"check/1000000", 10},
 };
 
 // The time that counts: the processor's, but for processes started by the benchmark.

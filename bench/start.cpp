@@ -3,7 +3,7 @@
 
 namespace {
 
-void start(benchmark::State& state) { runProcess(state, {OVXID_CLI, "list"}); }
+void start(benchmark::State& state) { runProcess(state, {OVXID_CLI, "name"}); }
 void startFloor(benchmark::State& state) { runProcess(state, {OVXID_EMPTY}); }
 
 BENCHMARK(start)->Name("start")->UseRealTime();

@@ -1,40 +1,62 @@
 #ifndef OVXID_CLI_BOARD_H
 #define OVXID_CLI_BOARD_H
 
-#include <OvxIdentifier.h>
+#include <string>
+#include <vector>
 
-#include "cQlog.h"
+#include "catalogue/loading.h"
+#include "host/host.h"
+#include "identity/identification.h"
+#include "parameters.h"
 
 namespace ovxid::cli {
 
-// This machine, as the library sees it.
+// A board, and what is found out about it.
 class Board {
  public:
-  // With `verbose`, each message of the library goes to standard error. With `keepMessages`, it is
-  // kept for messages().
-  explicit Board(bool verbose, bool keepMessages = false);
+  // Loads the catalogue. With `verbose`, each message goes to standard error.
+  Board(const Host& host, bool verbose);
+  // What was found in the catalogue points into it.
+  Board(const Board&) = delete;
+  Board& operator=(const Board&) = delete;
 
-  // Determines and reports the identity, as a query of the library does. Throws Failure.
+  // Determines and reports the identity, as a query of the library does. Throws Failure if the
+  // search ends without a result.
   void identify();
-  // Appends the parameters to the list.
+  // The same, with what the sources did, and without Failure.
+  void identify(Trials& trials);
+
+  // Collects the parameters. Throws Failure if the name of the WAN interface is too long.
   void collect();
 
-  // Reads a line of a catalogue as the library does, without its messages. False if it is passed
-  // over.
-  bool readLine(HardwareIdentity& identity, const std::string& line);
-
-  bool isIdentified() const { return mIdentified; }
-  // The name up to its first NUL byte, as a launched program sees it.
-  std::string name();
-  std::int32_t number();
-  // What the library logged so far, if it was to be kept.
-  const std::vector<std::string>& messages() const { return mLog.messages(); }
-  OvxIdentifier& identifier() { return mIdentifier; }
+  bool isIdentified() const { return mDecidedBy != nullptr; }
+  // None if the board is not identified.
+  const Source* decidedBy() const { return mDecidedBy; }
+  // Every byte of it.
+  const std::string& wholeName() const { return mName; }
+  // Up to its first NUL byte, as a launched program sees it.
+  std::string name() const { return mName.substr(0, mName.find('\0')); }
+  std::int32_t number() const { return mNumber; }
+  // Of the identity in the catalogue, if it was found there.
+  std::vector<std::string> aliases() const;
+  const HardwareIdentity* match() const { return mMatch; }
+  const Catalogue& catalogue() const { return mCatalogue; }
+  const CatalogueFile& catalogueFile() const { return mCatalogueFile; }
+  const Host& host() const { return mHost; }
+  const std::vector<ovx_param>& parameters() const { return mParameters.list; }
 
  private:
-  cQlog mLog;
-  OvxIdentifier mIdentifier;
-  bool mIdentified = false;
+  Identification search(Trials* trials);
+
+  const Host& mHost;
+  Log mLog;
+  Catalogue mCatalogue;
+  CatalogueFile mCatalogueFile;
+  const Source* mDecidedBy = nullptr;
+  std::string mName;
+  std::int32_t mNumber;
+  const HardwareIdentity* mMatch = nullptr;
+  Parameters mParameters;
 };
 
 }  // namespace ovxid::cli

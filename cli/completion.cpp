@@ -1,10 +1,11 @@
 #include "completion.h"
 
-#include <ovxid/parameters.h>
+#include <ovxid/environment.h>
 
 #include "board.h"
 #include "choices.h"
 #include "command_table.h"
+#include "host/this_machine.h"
 #include "visible.h"
 
 namespace ovxid::cli {
@@ -41,11 +42,12 @@ std::string options(const Place& place) {
 
 // Without those that a terminal obeys instead of showing them, or that are no UTF-8.
 std::string parameterNames(const Place& place) {
-  Board board(false);
+  const ThisMachine machine;
+  Board board(machine, false);
   board.identify();
   board.collect();
   std::string candidates;
-  for (const ovx_param& variable : environment(parameters(board.identifier()))) {
+  for (const ovx_param& variable : environment(board.parameters())) {
     if (harmless(variable.name) == variable.name) {
       candidates += variable.name + "\n";
     }

@@ -1,7 +1,6 @@
 #include "diagnostics.h"
 
-#include <iostream>
-
+#include "output.h"
 #include "visible.h"
 
 namespace ovxid::cli {
@@ -12,7 +11,7 @@ void complain(const std::string& what, const std::string& why) {
     subject = "''";
   }
   // A newline would make one line two.
-  std::cerr << harmless("ovxid: " + subject + ": " + why) + "\n";
+  tell(harmless("ovxid: " + subject + ": " + why) + "\n");
 }
 
 }  // namespace ovxid::cli

@@ -12,11 +12,8 @@ namespace ovxid::cli {
 struct Format {
   const char* name;
   const char* summary;
-  // Whether the text names the source, which only the library's messages tell. Then the board must
-  // keep them.
-  bool needsMessages;
   // The text of a board whose parameters are collected.
-  std::string (*write)(Board& board);
+  std::string (*write)(const Board& board);
 };
 
 // The formats in the order in which the help shows them.

@@ -7,19 +7,19 @@ namespace ovxid::cli {
 
 // Each is defined in the file of its name in formats/.
 namespace format {
-using Write = std::string(Board&);
+using Write = std::string(const Board&);
 Write json, null, plain, prometheus, shell, systemd;
 }  // namespace format
 
 namespace {
 
 constexpr Format formats[] = {
-    {"plain", "NAME=VALUE lines, the list byte for byte", false, format::plain},
-    {"json", "the identity, the list and the environment as one JSON object", true, format::json},
-    {"shell", "the environment as commands that a shell can eval", false, format::shell},
-    {"systemd", "the environment as a file for EnvironmentFile=", false, format::systemd},
-    {"null", "the environment as NAME=VALUE, each with a NUL byte behind it", false, format::null},
-    {"prometheus", "the identity and the environment as metrics", true, format::prometheus},
+    {"plain", "NAME=VALUE lines, the list byte for byte", format::plain},
+    {"json", "the identity, the list and the environment as one JSON object", format::json},
+    {"shell", "the environment as commands that a shell can eval", format::shell},
+    {"systemd", "the environment as a file for EnvironmentFile=", format::systemd},
+    {"null", "the environment as NAME=VALUE, each with a NUL byte behind it", format::null},
+    {"prometheus", "the identity and the environment as metrics", format::prometheus},
 };
 
 }  // namespace

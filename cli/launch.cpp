@@ -5,16 +5,20 @@
 
 #include "board.h"
 #include "diagnostics.h"
+#include "host/this_machine.h"
+#include "launch/launch.h"
 #include "output.h"
 
 namespace ovxid::cli {
 
 int launch(const Invocation& invocation, Launched what) {
-  Board board(invocation.verbose);
+  const ThisMachine machine;
+  Board board(machine, invocation.verbose);
   board.identify();
   board.collect();
   const InheritedHandlers inherited;
-  board.identifier().execute(invocation.operandCount, invocation.operands, what == Launched::shell);
+  ovxid::launch(board.parameters(), invocation.operandCount, invocation.operands,
+                what == Launched::shell);
   return errno;
 }
 

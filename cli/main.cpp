@@ -3,7 +3,6 @@
 
 #include <cstdlib>
 #include <exception>
-#include <iostream>
 #include <new>
 #include <string_view>
 #include <typeinfo>
@@ -43,7 +42,7 @@ int main(int argc, char** argv) {
   try {
     return ovxid::cli::perform(argc, argv);
   } catch (const std::bad_alloc&) {  // GCOVR_EXCL_BR_LINE: nothing else is thrown
-    std::cerr << ovxid::cli::memoryComplaint;
+    ovxid::cli::tell(ovxid::cli::memoryComplaint);
     return ownFailure.value;
   } catch (const std::exception& error) {
     complain("internal error", error.what());

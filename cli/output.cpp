@@ -6,7 +6,6 @@
 #include <cerrno>
 #include <csignal>
 #include <cstring>
-#include <iostream>
 #include <iterator>
 
 #include "diagnostics.h"
@@ -18,6 +17,9 @@ namespace {
 // Both end the process when it writes: a pipe without a reader, and a file of the largest size.
 constexpr int signalsOfWriting[] = {SIGPIPE, SIGXFSZ};
 SignalHandler inherited[std::size(signalsOfWriting)];
+
+// Whether what was written to standard error did not arrive.
+bool isErrorLost = false;
 
 // GCOVR_EXCL_START: gcc does not write its counts when a signal ends a process
 void dieOfClosedPipe() {
@@ -60,8 +62,10 @@ void failToWrite(const std::string& what, int reason) {
   throw Failure(exit_status::notWritten, what, std::strerror(reason));
 }
 
+void tell(std::string_view text) { isErrorLost = isErrorLost || !writeAll(STDERR_FILENO, text); }
+
 void requireThatMessagesWereWritten() {
-  if (!std::cerr) {
+  if (isErrorLost) {
     failToWrite("standard error", EIO);
   }
 }

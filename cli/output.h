@@ -27,6 +27,10 @@ bool writeAll(int descriptor, std::string_view text);
 // Throws Failure with this reason, as in errno.
 [[noreturn]] void failToWrite(const std::string& what, int reason);
 
+// Writes the text to standard error at once, so that the lines of several processes do not mix.
+// When that fails, all later ones are lost as well.
+void tell(std::string_view text);
+
 // Throws Failure when messages on standard error were lost.
 void requireThatMessagesWereWritten();
 

@@ -9,7 +9,6 @@
 #include <cerrno>
 #include <cstdio>
 #include <exception>
-#include <iostream>
 #include <system_error>
 
 namespace ovxid::recording {
@@ -103,7 +102,6 @@ void appendLines(std::string& text, const char* mark, std::string_view lines) {
     out.takeOver(STDOUT_FILENO);
     err.takeOver(STDERR_FILENO);
     const int status = call();
-    std::cerr.flush();
     _exit(status);
   } catch (...) {
     std::terminate();

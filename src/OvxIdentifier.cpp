@@ -6,6 +6,7 @@
 #include <cerrno>
 #include <cstdio>
 #include <cstdlib>
+#include <ostream>
 #include <utility>
 
 #include "catalogue/line.h"
@@ -89,7 +90,7 @@ OvxIdentifier::OvxIdentifier(cQlog* logger)
       mHardwareName(ovxid::unknownName),
       mHardwareNumber(ovxid::unknownNumber),
       mLogger(logger) {
-  ovxid::logTo(mLogger)(Level::debug, {"Creating OvxIdentifier..."});
+  ovxid::reportCreation(ovxid::logTo(mLogger));
   findKnownIdentities();
 }
 
@@ -172,7 +173,13 @@ void OvxIdentifier::addParameter(std::string name, std::string value) {
 }
 
 std::ostream& OvxIdentifier::listParams(std::ostream& out) {
-  ovxid::writeList(mParams, out);
+  std::string line;
+  for (const ovx_param& param : mParams) {
+    line.clear();
+    ovxid::appendLine(line, param);
+    // Unformatted, so that a width set on the stream pads nothing.
+    out.write(line.data(), static_cast<std::streamsize>(line.size())).flush();
+  }
   return out;
 }
 

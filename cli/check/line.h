@@ -1,8 +1,7 @@
 #ifndef OVXID_CLI_CHECK_LINE_H
 #define OVXID_CLI_CHECK_LINE_H
 
-#include <OvxIdentifier.h>
-
+#include <cstdint>
 #include <string_view>
 #include <vector>
 
@@ -20,9 +19,6 @@ struct Line {
   // Whether a carriage return ends the line, and so its last value.
   bool hasCarriageReturn() const { return values.back().back() == '\r'; }
 };
-
-// Takes apart the text of a line that the library reads.
-Line lineOf(std::size_t number, std::string_view text, std::int32_t boardNumber);
 
 }  // namespace ovxid::cli
 

@@ -3,10 +3,11 @@
 #include <cerrno>
 #include <cstring>
 
-#include "catalogue.h"
 #include "check/catalogue_check.h"
 #include "command.h"
 #include "diagnostics.h"
+#include "host/host.h"
+#include "messages.h"
 #include "named.h"
 #include "output.h"
 #include "text_file.h"
@@ -28,7 +29,7 @@ std::vector<std::string> filesOf(const Invocation& invocation) {
   std::vector<std::string> files(invocation.operands,
                                  invocation.operands + invocation.operandCount);
   if (files.empty()) {
-    files.emplace_back(cataloguePath);
+    files.emplace_back(pathOf(File::catalogue));
   }
   return files;
 }
@@ -46,7 +47,7 @@ std::string nameOf(const std::string& file) {
 // One that cannot be read does not keep the others from being checked.
 int check(const Invocation& invocation) {
   const std::vector<std::string> ignored = ignoredWarnings(invocation);
-  CatalogueCheck catalogueCheck(invocation.verbose);
+  const Log log = messages(invocation.verbose);
   ExitStatus status = exit_status::done;
   bool found = false;
   for (const std::string& file : filesOf(invocation)) {
@@ -57,7 +58,7 @@ int check(const Invocation& invocation) {
       continue;
     }
     Findings findings(nameOf(file), ignored);
-    catalogueCheck.check(*content, findings);
+    checkCatalogue(*content, log, findings);
     print(findings.text());
     found = found || !findings.text().empty();
   }

@@ -1,4 +1,4 @@
-#include <ovxid/parameters.h>
+#include <ovxid/environment.h>
 
 #include <algorithm>
 #include <iterator>
@@ -6,6 +6,7 @@
 #include "board.h"
 #include "command.h"
 #include "diagnostics.h"
+#include "host/this_machine.h"
 #include "output.h"
 #include "suggestion.h"
 
@@ -29,10 +30,11 @@ std::string meantBy(const std::string& name, const std::vector<ovx_param>& varia
 
 int get(const Invocation& invocation) {
   const std::string name = invocation.operands[0];
-  Board board(invocation.verbose);
+  const ThisMachine machine;
+  Board board(machine, invocation.verbose);
   board.identify();
   board.collect();
-  const auto variables = environment(parameters(board.identifier()));
+  const auto variables = environment(board.parameters());
   const auto variable = std::find_if(variables.begin(), variables.end(),
                                      [&](const ovx_param& each) { return each.name == name; });
   if (variable == variables.end()) {

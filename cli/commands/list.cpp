@@ -4,6 +4,7 @@
 #include "command.h"
 #include "exit_status.h"
 #include "format.h"
+#include "host/this_machine.h"
 #include "output.h"
 #include "output_file.h"
 
@@ -12,7 +13,8 @@ namespace ovxid::cli::command {
 int list(const Invocation& invocation) {
   const Format& format = formatNamed(invocation.option("format", "plain"));
   const char* const file = invocation.option("output", nullptr);
-  Board board(invocation.verbose, format.needsMessages);
+  const ThisMachine machine;
+  Board board(machine, invocation.verbose);
   board.identify();
   board.collect();
   const std::string text = format.write(board);

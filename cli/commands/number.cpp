@@ -1,10 +1,12 @@
 #include "answer.h"
 #include "command.h"
+#include "host/this_machine.h"
 
 namespace ovxid::cli::command {
 
 int number(const Invocation& invocation) {
-  Board board(invocation.verbose);
+  const ThisMachine machine;
+  Board board(machine, invocation.verbose);
   board.identify();
   return answer(board, std::to_string(board.number()));
 }

@@ -1,4 +1,4 @@
-#include <OvxIdentifier.h>
+#include <ovxid/records.h>
 
 #include <cstdlib>
 

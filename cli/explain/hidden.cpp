@@ -2,6 +2,7 @@
 
 #include "ascii.h"
 #include "explain/remarks.h"
+#include "identity/lookup.h"
 #include "visible.h"
 
 namespace ovxid::cli {
@@ -9,25 +10,23 @@ namespace ovxid::cli {
 namespace {
 
 // Other boards of the catalogue that this value would match.
-void remarkOnOthers(const Evidence& evidence, const std::string& value, const std::string& what,
-                    bool byName, Remarks& remarks) {
-  const std::string name = evidence.board.identifier().getHardwareName();
-  const std::int32_t number = evidence.board.number();
-  for (const CatalogueEntry& entry : evidence.catalogue.entries()) {
-    const HardwareIdentity& identity = entry.identity;
-    const bool isThisBoard = identity.name == name && identity.number == number;
-    const bool matches = (byName && identity.name == value) || hasAlias(identity, value);
+void remarkOnOthers(const LookUp& lookUp, const Board& board, Remarks& remarks) {
+  for (const HardwareIdentity& identity : board.catalogue()) {
+    const bool isThisBoard =
+        identity.name == board.wholeName() && identity.number == board.number();
+    const bool matches =
+        (lookUp.amongNames && identity.name == lookUp.value) || hasAlias(identity, lookUp.value);
     if (matches && !isThisBoard) {
-      remarks.push_back(what + " " + shown(value) + " would match " + shown(identity.name) +
-                        " in " + placeOf(entry, evidence.catalogue) + ".");
+      remarks.push_back(std::string(lookUp.what) + " " + shown(lookUp.value) + " would match " +
+                        shown(identity.name) + " in " + placeOf(identity, board) + ".");
     }
   }
 }
 
 // Of some releases, what follows the last '-' tells little.
-void remarkOnOtherReleases(const Evidence& evidence, Remarks& remarks) {
-  const std::string& suffix = *evidence.suffix;
-  const std::string_view release = evidence.kernel.release;
+void remarkOnOtherReleases(const Trial& trial, Remarks& remarks) {
+  const std::string& suffix = trial.lookUp->value;
+  const std::string& release = trial.readings.front().bytes;
   const bool isNumber = std::all_of(suffix.begin(), suffix.end(), isDigit);
   if (isNumber || release.find('-') != release.rfind('-')) {
     const std::string end = "-" + suffix;
@@ -39,16 +38,18 @@ void remarkOnOtherReleases(const Evidence& evidence, Remarks& remarks) {
 
 }  // namespace
 
-Remarks remarksOnHidden(const Evidence& evidence) {
+Remarks remarksOnHidden(const Diagnosis& diagnosis) {
   Remarks remarks;
-  const bool mayDecide = !evidence.decidedBy || evidence.decidedBy == Source::kernelRelease;
-  if (mayDecide && evidence.suffix && !evidence.suffix->empty()) {
-    remarkOnOtherReleases(evidence, remarks);
+  const Board& board = diagnosis.board;
+  const Trial& release = diagnosis.trialOf(identifyByKernelRelease);
+  const bool mayDecide = !board.isIdentified() || diagnosis.decides(release);
+  if (mayDecide && release.lookUp && !release.lookUp->value.empty()) {
+    remarkOnOtherReleases(release, remarks);
   }
-  if (evidence.decidedBy) {
-    remarkOnOthers(evidence, evidence.suffix.value_or(""), "The end of the release", false,
-                   remarks);
-    remarkOnOthers(evidence, evidence.hardware.value_or(""), "The Hardware value", true, remarks);
+  for (const Trial& trial : diagnosis.trials) {
+    if (board.isIdentified() && trial.lookUp) {
+      remarkOnOthers(*trial.lookUp, board, remarks);
+    }
   }
   return remarks;
 }

@@ -68,25 +68,25 @@ std::string onlyDifferences(std::string_view one, std::string_view other) {
 // Compares a value that was looked up with texts of the catalogue.
 class Comparison {
  public:
-  Comparison(const Evidence& evidence, std::string value, Remarks& remarks)
-      : mEvidence(evidence), mValue(std::move(value)), mRemarks(remarks) {}
+  Comparison(const Board& board, const std::string& value, Remarks& remarks)
+      : mBoard(board), mValue(value), mRemarks(remarks) {}
 
-  void withName(const CatalogueEntry& entry) {
-    compare(entry.identity.name, "the name of the board in", entry);
+  void withName(const HardwareIdentity& identity) {
+    compare(identity.name, "the name of the board in", identity);
   }
 
-  void withAliases(const CatalogueEntry& entry) {
-    for (const std::string& alias : entry.identity.aliases) {
-      compare(alias, "the alias " + shown(alias) + " in", entry);
+  void withAliases(const HardwareIdentity& identity) {
+    for (const std::string& alias : identity.aliases) {
+      compare(alias, "the alias " + shown(alias) + " in", identity);
     }
   }
 
  private:
-  void compare(const std::string& text, const std::string& what, const CatalogueEntry& entry) {
+  void compare(const std::string& text, const std::string& what, const HardwareIdentity& identity) {
     const std::string difference = onlyDifferences(mValue, text);
     if (!difference.empty()) {
-      add(shown(mValue) + " differs from " + what + " " + placeOf(entry, mEvidence.catalogue) +
-          " only in " + difference + ".");
+      add(shown(mValue) + " differs from " + what + " " + placeOf(identity, mBoard) + " only in " +
+          difference + ".");
     }
   }
 
@@ -97,44 +97,43 @@ class Comparison {
     }
   }
 
-  const Evidence& mEvidence;
-  std::string mValue;
+  const Board& mBoard;
+  const std::string& mValue;
   Remarks& mRemarks;
 };
 
-void remarkOnSuffix(const Evidence& evidence, Remarks& remarks) {
-  Comparison comparison(evidence, *evidence.suffix, remarks);
-  for (const CatalogueEntry& entry : evidence.catalogue.entries()) {
-    comparison.withAliases(entry);
-  }
-  if (const CatalogueEntry* const entry = evidence.catalogue.named(*evidence.suffix)) {
-    remarks.push_back(shown(*evidence.suffix) + " is the name of the board in " +
-                      placeOf(*entry, evidence.catalogue) +
-                      ", but a release is compared with aliases only.");
+void remarkOnName(const Board& board, const std::string& value, Remarks& remarks) {
+  const Catalogue& catalogue = board.catalogue();
+  const auto named = std::find_if(catalogue.begin(), catalogue.end(),
+                                  [&](const auto& each) { return each.name == value; });
+  if (named != catalogue.end()) {
+    remarks.push_back(shown(value) + " is the name of the board in " + placeOf(*named, board) +
+                      ", but is compared with aliases only.");
   }
 }
 
-void remarkOnHardware(const Evidence& evidence, Remarks& remarks) {
-  Comparison comparison(evidence, *evidence.hardware, remarks);
-  for (const CatalogueEntry& entry : evidence.catalogue.entries()) {
-    comparison.withName(entry);
-    comparison.withAliases(entry);
+void remarkOn(const LookUp& lookUp, const Board& board, Remarks& remarks) {
+  Comparison comparison(board, lookUp.value, remarks);
+  for (const HardwareIdentity& identity : board.catalogue()) {
+    if (lookUp.amongNames) {
+      comparison.withName(identity);
+    }
+    comparison.withAliases(identity);
+  }
+  if (!lookUp.amongNames) {
+    remarkOnName(board, lookUp.value, remarks);
   }
 }
 
 }  // namespace
 
 // Where a source decided, near misses of the later ones do not matter.
-Remarks remarksOnNearMisses(const Evidence& evidence) {
+Remarks remarksOnNearMisses(const Diagnosis& diagnosis) {
   Remarks remarks;
-  const auto missed = [&](Source source) {
-    return evidence.isTried(source) && evidence.decidedBy != source;
-  };
-  if (missed(Source::kernelRelease) && evidence.suffix) {
-    remarkOnSuffix(evidence, remarks);
-  }
-  if (missed(Source::cpuinfo) && evidence.hardware) {
-    remarkOnHardware(evidence, remarks);
+  for (const Trial& trial : diagnosis.trials) {
+    if (trial.lookUp && diagnosis.isTried(trial) && !diagnosis.decides(trial)) {
+      remarkOn(*trial.lookUp, diagnosis.board, remarks);
+    }
   }
   return remarks;
 }

@@ -5,6 +5,7 @@
 
 #include "ascii.h"
 #include "explain/remarks.h"
+#include "identity/sources.h"
 #include "identity/well_known.h"
 #include "visible.h"
 
@@ -63,9 +64,8 @@ std::string whyNotTheNumber(std::string_view value, std::int32_t number) {
                                                  : "is read only as far as its decimal digits go";
 }
 
-void remarkOnBoardid(const Evidence& evidence, Remarks& remarks) {
-  const std::int32_t number = evidence.board.number();
-  const std::string why = whyNotTheNumber(*evidence.boardid.content, number);
+void remarkOnBoardid(const std::string& boardid, std::int32_t number, Remarks& remarks) {
+  const std::string why = whyNotTheNumber(boardid, number);
   if (!why.empty()) {
     remarks.push_back("The boardid " + why + ". The number is " + std::to_string(number) + ".");
   } else if (number == pcNumber) {
@@ -73,15 +73,15 @@ void remarkOnBoardid(const Evidence& evidence, Remarks& remarks) {
   }
 }
 
-void remarkOnDescription(const Exhibit& description, const std::string& name, Remarks& remarks) {
-  if (!description.content) {
+void remarkOnDescription(const Reading& description, const std::string& name, Remarks& remarks) {
+  if (description.error != 0) {
     if (description.error == ENOENT) {
       remarks.push_back("There is no description, so the name stays " + shown(name) + ".");
     }
     return;
   }
-  const std::string_view text = withoutLastNul(*description.content);
-  if (isCells(*description.content)) {
+  const std::string_view text = withoutLastNul(description.bytes);
+  if (isCells(description.bytes)) {
     remarks.emplace_back("The description is of cells, but is read as text: the name is empty.");
   } else if (text.find_first_not_of('\0') == std::string_view::npos) {
     remarks.emplace_back("The description is empty, and so is the name.");
@@ -93,25 +93,27 @@ void remarkOnDescription(const Exhibit& description, const std::string& name, Re
   }
 }
 
-void remarkOnMissingBoardid(const Evidence& evidence, Remarks& remarks) {
-  if (evidence.description.content) {
+void remarkOnMissingBoardid(const Diagnosis& diagnosis, Remarks& remarks) {
+  if (diagnosis.readingOf(File::description)->error == 0) {
     remarks.emplace_back("The description does not identify a board without a boardid.");
-  } else if (!evidence.decidedBy && evidence.hasNode) {
+  } else if (!diagnosis.board.isIdentified() && diagnosis.parameters.hasNode) {
     remarks.emplace_back("The node /orvanix has no boardid.");
   }
 }
 
 }  // namespace
 
-Remarks remarksOnNode(const Evidence& evidence) {
+Remarks remarksOnNode(const Diagnosis& diagnosis) {
   Remarks remarks;
-  if (evidence.boardid.content) {
-    remarkOnBoardid(evidence, remarks);
-    remarkOnDescription(evidence.description, evidence.board.name(), remarks);
-  } else if (evidence.decidedBy == Source::deviceTree) {
+  const Board& board = diagnosis.board;
+  const Reading& boardid = *diagnosis.readingOf(File::boardid);
+  if (boardid.error == 0) {
+    remarkOnBoardid(boardid.bytes, board.number(), remarks);
+    remarkOnDescription(*diagnosis.readingOf(File::description), board.name(), remarks);
+  } else if (diagnosis.decides(diagnosis.trialOf(identifyByDeviceTree))) {
     remarks.emplace_back("That there is a boardid identifies the board, whatever it is.");
-  } else if (evidence.boardid.error == ENOENT) {
-    remarkOnMissingBoardid(evidence, remarks);
+  } else if (boardid.error == ENOENT) {
+    remarkOnMissingBoardid(diagnosis, remarks);
   }
   return remarks;
 }

@@ -1,7 +1,7 @@
 #ifndef OVXID_CLI_EXPLAIN_REMARKS_H
 #define OVXID_CLI_EXPLAIN_REMARKS_H
 
-#include "explain/evidence.h"
+#include "explain/diagnosis.h"
 
 // What a reader of the report may stumble over, a sentence each.
 namespace ovxid::cli {
@@ -9,17 +9,17 @@ namespace ovxid::cli {
 using Remarks = std::vector<std::string>;
 
 // The system: what is not there, or may not be read.
-Remarks remarksOnSystem(const Evidence& evidence);
+Remarks remarksOnSystem(const Diagnosis& diagnosis);
 // The platform's node: what the library makes of its boardid and its description.
-Remarks remarksOnNode(const Evidence& evidence);
+Remarks remarksOnNode(const Diagnosis& diagnosis);
 // The platform's node and its properties: what is called almost as it should be.
-Remarks remarksOnSpelling(const Evidence& evidence);
+Remarks remarksOnSpelling(const Diagnosis& diagnosis);
 // The catalogue: what almost matches.
-Remarks remarksOnNearMisses(const Evidence& evidence);
+Remarks remarksOnNearMisses(const Diagnosis& diagnosis);
 // The catalogue: what would match as well, and what the decision hides.
-Remarks remarksOnHidden(const Evidence& evidence);
+Remarks remarksOnHidden(const Diagnosis& diagnosis);
 // The parameters: what a launched program does not see, or sees otherwise.
-Remarks remarksOnParameters(const Evidence& evidence);
+Remarks remarksOnParameters(const Diagnosis& diagnosis);
 
 }  // namespace ovxid::cli
 

@@ -12,84 +12,69 @@ std::string count(std::size_t number, const std::string& what) {
   return std::to_string(number) + " " + what + (number == 1 ? "" : "s");
 }
 
-std::string whyUnread(const Exhibit& exhibit) {
-  return exhibit.path + ": " + std::strerror(exhibit.error);
+std::string why(const char* from, int error) {
+  return std::string(from) + ": " + std::strerror(error);
 }
 
-std::string deviceTree(const Evidence& evidence) {
-  if (!evidence.boardid.content) {
-    return whyUnread(evidence.boardid);
-  }
-  const std::string boardid = "boardid " + shown(*evidence.boardid.content);
-  if (evidence.description.content) {
-    return boardid + ", description " + shown(*evidence.description.content);
-  }
-  return boardid + ", description: " + std::strerror(evidence.description.error);
+bool isPath(const char* from) { return *from == '/'; }
+
+// What a call answers is told by the answer, a file by its path.
+std::string subject(const Reading& reading) {
+  return isPath(reading.from) ? reading.from : visible(reading.bytes);
 }
 
-std::string kernelRelease(const Evidence& evidence) {
-  if (evidence.kernelError != 0) {
-    return std::string("uname: ") + std::strerror(evidence.kernelError);
-  }
-  const std::string release = visible(evidence.kernel.release) + ": ";
-  if (!evidence.suffix) {
-    return release + "no '-' with an alias behind it";
-  }
-  if (evidence.suffix->empty()) {
-    return release + "nothing stands behind its last '-'";
-  }
-  const std::string suffix = shown(*evidence.suffix);
-  if (const CatalogueEntry* const entry = evidence.catalogue.withAlias(*evidence.suffix)) {
-    return release + suffix + " is an alias of " + shown(entry->identity.name) + " in " +
-           placeOf(*entry, evidence.catalogue);
-  }
-  return release + suffix + " is no alias of the " +
-         count(evidence.catalogue.entries().size(), "board") + " in the catalogue";
+std::string fileOfNode(const Reading& reading) {
+  const std::string name(reading.from + nodePath.size() + 1);
+  return reading.error == 0 ? name + " " + shown(reading.bytes) : why(name.c_str(), reading.error);
 }
 
-std::string machine(const Evidence& evidence) {
-  if (evidence.kernelError != 0) {
-    return std::string("uname: ") + std::strerror(evidence.kernelError);
+std::string lookUp(const LookUp& lookUp, const HardwareIdentity* match, const Board& board) {
+  const std::string value = shown(lookUp.value);
+  if (match == nullptr) {
+    return value + (lookUp.amongNames
+                        ? ": no name and no alias in the catalogue"
+                        : " is no alias of the " + count(board.catalogue().size(), "board") +
+                              " in the catalogue");
   }
-  const std::string_view machine = evidence.kernel.machine;
-  return visible(machine) + (machine == "x86_64" ? ": a PC" : ": not x86_64");
+  if (lookUp.amongNames && match->name == lookUp.value) {
+    return value + " is the name of the board in " + placeOf(*match, board);
+  }
+  return value + " is an alias of " + shown(match->name) + " in " + placeOf(*match, board);
 }
 
-std::string cpuinfo(const Evidence& evidence) {
-  if (!evidence.cpuinfo.content) {
-    return whyUnread(evidence.cpuinfo);
+std::string textOf(const Trial& trial, const Board& board) {
+  const Reading& first = trial.readings.front();
+  if (first.error != 0) {
+    return why(first.from, first.error);
   }
-  if (evidence.gaveUp) {
-    return evidence.cpuinfo.path + ": the Hardware line ends at its colon, which ends the search";
+  if (trial.note != nullptr) {
+    return subject(first) + ": " + trial.note;
   }
-  if (!evidence.hardware) {
-    return evidence.cpuinfo.path + ": no line begins with Hardware";
+  if (trial.lookUp) {
+    const char* const field = trial.lookUp->field;
+    return (field == nullptr ? subject(first) + ": " : std::string(field) + " ") +
+           lookUp(*trial.lookUp, trial.match, board);
   }
-  const std::string value = "Hardware " + shown(*evidence.hardware);
-  if (const CatalogueEntry* const entry = evidence.catalogue.named(*evidence.hardware)) {
-    return value + " is the name of the board in " + placeOf(*entry, evidence.catalogue);
+  std::string text;
+  for (const Reading& reading : trial.readings) {
+    text += (text.empty() ? "" : ", ") + fileOfNode(reading);
   }
-  if (const CatalogueEntry* const entry = evidence.catalogue.withAlias(*evidence.hardware)) {
-    return value + " is an alias of " + shown(entry->identity.name) + " in " +
-           placeOf(*entry, evidence.catalogue);
-  }
-  return value + ": no name and no alias in the catalogue";
+  return text;
 }
 
-std::string catalogue(const Evidence& evidence) {
-  const Catalogue& catalogue = evidence.catalogue;
-  const std::string boards = count(catalogue.entries().size(), "board");
-  if (catalogue.isBuiltin()) {
-    return whyUnread(evidence.catalogueFile) + "; the built-in table of " + boards +
-           " stands in for it";
+std::string catalogue(const Board& board) {
+  const char* const path = pathOf(File::catalogue);
+  const CatalogueFile& file = board.catalogueFile();
+  const std::string boards = count(board.catalogue().size(), "board");
+  if (file.isReplaced) {
+    return why(path, file.error) + "; the built-in table of " + boards + " stands in for it";
   }
-  if (!evidence.catalogueFile.content) {
-    return whyUnread(evidence.catalogueFile);
+  if (file.error != 0) {
+    return why(path, file.error);
   }
-  std::string text = evidence.catalogueFile.path + ": " + boards;
-  if (catalogue.linesPassedOver() > 0) {
-    text += ", " + count(catalogue.linesPassedOver(), "line") +
-            " passed over ('ovxid check' tells why)";
+  std::string text = std::string(path) + ": " + boards;
+  if (!file.passedOver.empty()) {
+    text += ", " + count(file.passedOver.size(), "line") + " passed over ('ovxid check' tells why)";
   }
   return text;
 }
@@ -99,22 +84,16 @@ std::string row(std::string head, const std::string& text) {
   return head + text + "\n";
 }
 
-std::string row(const Evidence& evidence, Source source, const char* head,
-                const std::string& text) {
-  if (evidence.isTried(source)) {
-    return row(head, text);
-  }
-  return row(head, "not tried (" + text + ")");
-}
-
 }  // namespace
 
-std::string explainSources(const Evidence& evidence) {
-  return row(evidence, Source::deviceTree, "device tree", deviceTree(evidence)) +
-         row(evidence, Source::kernelRelease, "kernel release", kernelRelease(evidence)) +
-         row(evidence, Source::machine, "machine", machine(evidence)) +
-         row(evidence, Source::cpuinfo, "cpuinfo", cpuinfo(evidence)) +
-         row("catalogue", catalogue(evidence));
+std::string explainSources(const Diagnosis& diagnosis) {
+  std::string rows;
+  for (std::size_t i = 0; i < sources.size(); ++i) {
+    const Trial& trial = diagnosis.trials[i];
+    const std::string text = textOf(trial, diagnosis.board);
+    rows += row(sources[i].title, diagnosis.isTried(trial) ? text : "not tried (" + text + ")");
+  }
+  return rows + row("catalogue", catalogue(diagnosis.board));
 }
 
 }  // namespace ovxid::cli

@@ -1,9 +1,7 @@
 #include <algorithm>
 #include <cerrno>
 
-#include "directory_listing.h"
 #include "explain/remarks.h"
-#include "host/host.h"
 #include "suggestion.h"
 #include "visible.h"
 
@@ -11,9 +9,8 @@ namespace ovxid::cli {
 
 namespace {
 
-void remarkOnNameLike(const std::string& wanted, const std::string& directory,
+void remarkOnNameLike(const std::string& wanted, std::vector<std::string> names,
                       const std::string& what, Remarks& remarks) {
-  std::vector<std::string> names = namesIn(directory).value_or(std::vector<std::string>());
   std::sort(names.begin(), names.end());
   const std::string similar = nearest(wanted, names);
   if (!similar.empty()) {
@@ -21,20 +18,30 @@ void remarkOnNameLike(const std::string& wanted, const std::string& directory,
   }
 }
 
+// Not those of nodes below it.
+std::vector<std::string> propertiesOfNode(const std::vector<Property>& properties) {
+  std::vector<std::string> names;
+  for (const Property& property : properties) {
+    if (property.path.find('/') == std::string::npos) {
+      names.push_back(property.path);
+    }
+  }
+  return names;
+}
+
 }  // namespace
 
-Remarks remarksOnSpelling(const Evidence& evidence) {
+Remarks remarksOnSpelling(const Diagnosis& diagnosis) {
   Remarks remarks;
-  const std::string node(nodePath);
-  if (!evidence.hasNode) {
-    const auto slash = node.rfind('/');
-    remarkOnNameLike(node.substr(slash + 1), node.substr(0, slash), "The device tree has a node",
-                     remarks);
+  if (!diagnosis.parameters.hasNode) {
+    remarkOnNameLike(std::string(nodePath.substr(nodePath.rfind('/') + 1)), diagnosis.nodes,
+                     "The device tree has a node", remarks);
     return remarks;
   }
-  for (const Exhibit* property : {&evidence.boardid, &evidence.description}) {
-    if (!property->content && property->error == ENOENT) {
-      remarkOnNameLike(property->path.substr(node.size() + 1), node, "The node has a property",
+  for (const File file : {File::boardid, File::description}) {
+    if (diagnosis.readingOf(file)->error == ENOENT) {
+      remarkOnNameLike(pathOf(file) + nodePath.size() + 1,
+                       propertiesOfNode(diagnosis.parameters.properties), "The node has a property",
                        remarks);
     }
   }

@@ -2,49 +2,53 @@
 #include <cstring>
 
 #include "explain/remarks.h"
+#include "identity/sources.h"
 
 namespace ovxid::cli {
 
 namespace {
 
 // What a board that is identified does not need. Every kernel has a cpuinfo in its /proc.
-void remarkOnWhatIsMissing(const Evidence& evidence, Remarks& remarks) {
-  const bool hasCpuinfo = evidence.cpuinfo.content || evidence.cpuinfo.error != ENOENT;
-  if (!hasCpuinfo && !evidence.hasDeviceTree) {
+void remarkOnWhatIsMissing(const Diagnosis& diagnosis, Remarks& remarks) {
+  const Reading& cpuinfo = *diagnosis.readingOf(File::cpuinfo);
+  const bool hasCpuinfo = cpuinfo.error != ENOENT;
+  if (!hasCpuinfo && !diagnosis.hasDeviceTree) {
     remarks.emplace_back(
         "/proc has neither cpuinfo nor a device tree: it is not mounted, or shows processes only.");
   } else if (!hasCpuinfo) {
     remarks.emplace_back("There is no /proc/cpuinfo: a container hides it.");
-  } else if (!evidence.hasDeviceTree) {
+  } else if (!diagnosis.hasDeviceTree) {
     remarks.emplace_back(
         "There is no /proc/device-tree: this kernel has no device tree, or a container hides it.");
   }
-  if (evidence.hasDeviceTree && !evidence.hasNode) {
+  if (diagnosis.hasDeviceTree && !diagnosis.parameters.hasNode) {
     remarks.emplace_back("The device tree has no node /orvanix.");
   }
-  if (evidence.hardwareLine && evidence.hardwareLine->find(':') == std::string::npos) {
+  if (!cpuinfo.bytes.empty() && cpuinfo.bytes.find(':') == std::string::npos) {
     remarks.emplace_back(
         "The Hardware line has no colon: all but its first letter is taken for its value.");
   }
 }
 
-void remarkUnreadable(const Exhibit& exhibit, Remarks& remarks) {
-  if (!exhibit.content && exhibit.error != ENOENT) {
-    remarks.push_back(exhibit.path + " cannot be read: " + std::strerror(exhibit.error) + ".");
+void remarkUnreadable(const char* from, int error, Remarks& remarks) {
+  if (*from == '/' && error != 0 && error != ENOENT) {
+    remarks.push_back(std::string(from) + " cannot be read: " + std::strerror(error) + ".");
   }
 }
 
 }  // namespace
 
-Remarks remarksOnSystem(const Evidence& evidence) {
+Remarks remarksOnSystem(const Diagnosis& diagnosis) {
   Remarks remarks;
-  if (!evidence.decidedBy) {
-    remarkOnWhatIsMissing(evidence, remarks);
+  if (!diagnosis.board.isIdentified()) {
+    remarkOnWhatIsMissing(diagnosis, remarks);
   }
-  for (const Exhibit* exhibit :
-       {&evidence.boardid, &evidence.description, &evidence.cpuinfo, &evidence.catalogueFile}) {
-    remarkUnreadable(*exhibit, remarks);
+  for (const Trial& trial : diagnosis.trials) {
+    for (const Reading& reading : trial.readings) {
+      remarkUnreadable(reading.from, reading.error, remarks);
+    }
   }
+  remarkUnreadable(pathOf(File::catalogue), diagnosis.board.catalogueFile().error, remarks);
   return remarks;
 }
 

@@ -1,10 +1,8 @@
-#include <ovxid/parameters.h>
+#include <ovxid/environment.h>
 
 #include <nlohmann/json.hpp>
 
-#include "account.h"
 #include "ascii.h"
-#include "catalogue.h"
 #include "format.h"
 #include "hexadecimal.h"
 #include "utf8.h"
@@ -63,16 +61,10 @@ Json toJson(const ovx_param& parameter) {
 }
 
 // Where one of them is no text, all stand in hexadecimal as well, in their order.
-void setAliases(Json& object, Board& board) {
+void setAliases(Json& object, const Board& board) {
   object["aliases"] = Json::array();
-  const Catalogue catalogue(board);
-  const CatalogueEntry* const chosen = catalogue.chosen(board);
-  if (chosen == nullptr) {
-    return;
-  }
-  const std::vector<std::string>& aliases = chosen->identity.aliases;
   Json bytes = Json::array();
-  for (const std::string& alias : aliases) {
+  for (const std::string& alias : board.aliases()) {
     if (isUtf8(alias)) {
       object["aliases"].push_back(alias);
     }
@@ -100,15 +92,15 @@ void setEnvironment(Json& object, const std::vector<ovx_param>& variables) {
 
 }  // namespace
 
-std::string json(Board& board) {
+std::string json(const Board& board) {
   Json object = Json::object();
   object["identified"] = board.isIdentified();
   setText(object, "name", board.name());
   object["number"] = board.number();
-  const std::optional<Source> source = decidingSource(board);
-  object["source"] = source ? Json(nameOf(*source)) : Json();
+  const Source* const source = board.decidedBy();
+  object["source"] = source == nullptr ? Json() : Json(source->name);
   setAliases(object, board);
-  const std::vector<ovx_param> list = parameters(board.identifier());
+  const std::vector<ovx_param>& list = board.parameters();
   object["parameters"] = Json::array();
   for (const ovx_param& parameter : list) {
     object["parameters"].push_back(toJson(parameter));

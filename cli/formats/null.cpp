@@ -1,12 +1,12 @@
-#include <ovxid/parameters.h>
+#include <ovxid/environment.h>
 
 #include "format.h"
 
 namespace ovxid::cli::format {
 
-std::string null(Board& board) {
+std::string null(const Board& board) {
   std::string text;
-  for (const ovx_param& variable : environment(parameters(board.identifier()))) {
+  for (const ovx_param& variable : environment(board.parameters())) {
     text.append(variable.name).append("=").append(variable.value).append(1, '\0');
   }
   return text;

@@ -1,15 +1,14 @@
-#include <sstream>
-
 #include "format.h"
+#include "params/list.h"
 
 namespace ovxid::cli::format {
 
-// The library's own listing.
-std::string plain(Board& board) {
-  std::ostringstream listing;
-  listing.exceptions(std::ios_base::badbit);
-  board.identifier().listParams(listing);
-  return listing.str();
+std::string plain(const Board& board) {
+  std::string text;
+  for (const ovx_param& parameter : board.parameters()) {
+    appendLine(text, parameter);
+  }
+  return text;
 }
 
 }  // namespace ovxid::cli::format

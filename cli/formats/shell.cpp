@@ -1,4 +1,4 @@
-#include <ovxid/parameters.h>
+#include <ovxid/environment.h>
 
 #include "format.h"
 #include "left_out.h"
@@ -23,9 +23,9 @@ std::string quotedWord(const std::string& value) {
 
 }  // namespace
 
-std::string shell(Board& board) {
+std::string shell(const Board& board) {
   std::string text;
-  for (const ovx_param& variable : environment(parameters(board.identifier()))) {
+  for (const ovx_param& variable : environment(board.parameters())) {
     if (isShellName(variable.name)) {
       text += "export " + variable.name + "=" + quotedWord(variable.value) + "\n";
     } else {

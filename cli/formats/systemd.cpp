@@ -1,4 +1,4 @@
-#include <ovxid/parameters.h>
+#include <ovxid/environment.h>
 
 #include <string_view>
 
@@ -29,9 +29,9 @@ std::string quotedAssignment(const std::string& value) {
 
 }  // namespace
 
-std::string systemd(Board& board) {
+std::string systemd(const Board& board) {
   std::string text;
-  for (const ovx_param& variable : environment(parameters(board.identifier()))) {
+  for (const ovx_param& variable : environment(board.parameters())) {
     if (!isShellName(variable.name)) {
       text += leftOut(variable.name, "systemd takes no variable of this name");
     } else if (!isTaken(variable.value)) {

@@ -8,7 +8,6 @@
 #include <string_view>
 #include <vector>
 
-#include "catalogue.h"
 #include "directory_listing.h"
 #include "host/host.h"
 #include "record/records.h"
@@ -113,7 +112,7 @@ void recordFiles(const RecordingDirectory& directory) {
   Copier copier(directory);
   copier.node(std::string(nodePath), recording::file::node);
   copier.file(pathOf(File::cpuinfo), recording::file::cpuinfo);
-  copier.file(cataloguePath, recording::file::catalogue);
+  copier.file(pathOf(File::catalogue), recording::file::catalogue);
   if (!copier.order().empty()) {
     directory.file(recording::file::order, copier.order());
   }

@@ -22,7 +22,7 @@ std::optional<std::string> hardwareLine(InputFile& cpuinfo, const Log& log) {
 }
 
 Finding identifyByValue(const std::string& value, Search& search) {
-  search.lookUp("The Hardware value", value, true);
+  search.lookUp("The Hardware value", "Hardware", value, true);
   search.log(Level::debug, {"Searching known real names..."});
   for (const HardwareIdentity& identity : search.catalogue) {
     if (identity.name == value) {

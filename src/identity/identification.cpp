@@ -37,6 +37,9 @@ Identification identify(const Host& host, const Catalogue& catalogue, const Log&
     search.trial = trials == nullptr ? nullptr : &(*trials)[i];
     search.log = isOver(result) ? Log() : log;
     Finding found = sources[i].identify(search);
+    if (trials != nullptr) {
+      (*trials)[i].match = found.match;
+    }
     if (!isOver(result)) {
       add(result, sources[i], std::move(found));
     }

@@ -5,7 +5,10 @@ namespace ovxid {
 namespace {
 
 Finding identifyBySuffix(std::string_view suffix, Search& search) {
-  search.lookUp("The end of the release", suffix, false);
+  search.lookUp("The end of the release", nullptr, suffix, false);
+  if (suffix.empty()) {
+    search.note("nothing stands behind its last '-'");
+  }
   search.log(Level::debug, {"therefore possible alias of machine = '", suffix, "'"});
   for (const HardwareIdentity& identity : search.catalogue) {
     search.log(Level::debug, {"Searching known aliases of ", identity.name, "..."});

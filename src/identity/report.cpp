@@ -14,6 +14,8 @@ std::string eachWithABlank(const std::vector<std::string>& aliases) {
 
 }  // namespace
 
+void reportCreation(const Log& log) { log(Level::debug, {"Creating OvxIdentifier..."}); }
+
 void report(const Log& log, Level level, const std::string& name, std::int32_t number,
             const std::vector<std::string>* aliases) {
   if (!log.isRead()) {

@@ -9,6 +9,9 @@
 
 namespace ovxid {
 
+// Before anything is known.
+void reportCreation(const Log& log);
+
 // What is reported of a board. Without aliases, it is not identified.
 void report(const Log& log, Level level, const std::string& name, std::int32_t number,
             const std::vector<std::string>* aliases);

@@ -15,9 +15,9 @@ void Search::haveRead(const char* from, int error, std::string_view bytes) {
   }
 }
 
-void Search::lookUp(const char* what, std::string_view value, bool amongNames) {
+void Search::lookUp(const char* what, const char* field, std::string_view value, bool amongNames) {
   if (trial != nullptr) {
-    trial->lookUp = LookUp{what, std::string(value), amongNames};
+    trial->lookUp = LookUp{what, field, std::string(value), amongNames};
   }
 }
 

@@ -30,6 +30,8 @@ struct Reading {
 struct LookUp {
   // What people call the value.
   const char* what;
+  // The field of the file that has it. Null if it is all that was read, or its end.
+  const char* field;
   std::string value;
   // Whether it was compared with the names of the catalogue, too, and not with the aliases alone.
   bool amongNames;
@@ -62,7 +64,7 @@ class Search {
   int askKernel();
 
   void haveRead(const char* from, int error, std::string_view bytes = {});
-  void lookUp(const char* what, std::string_view value, bool amongNames);
+  void lookUp(const char* what, const char* field, std::string_view value, bool amongNames);
   void note(const char* note);
 
  private:

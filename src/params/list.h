@@ -3,13 +3,14 @@
 
 #include <ovxid/records.h>
 
-#include <iosfwd>
-#include <vector>
+#include <string>
 
 namespace ovxid {
 
-// Writes a NAME=VALUE line for each parameter, as OvxIdentifier::listParams() documents.
-void writeList(const std::vector<ovx_param>& list, std::ostream& out);
+// Appends the line of a listing that a parameter has.
+inline void appendLine(std::string& text, const ovx_param& param) {
+  text.append(param.name).append("=").append(param.value).append("\n");
+}
 
 }  // namespace ovxid
 

@@ -29,7 +29,7 @@ class ExplainMiss : public Explain {
 };
 
 constexpr const char* nameOnly =
-    "'k2' is the name of the board in line 2, but a release is compared with aliases only.";
+    "'k2' is the name of the board in line 2, but is compared with aliases only.";
 
 TEST_F(ExplainMiss, TellsOfNearMissesOfTheRelease) {
   releaseEndsIn("k2", "4 boards");

@@ -112,8 +112,10 @@ TEST_F(Explain, TellsThatTheHardwareLineEndsAtItsColon) {
 }
 
 // Only a search that comes to it is ended by it.
-TEST_F(ExplainKestrel, TakesAHardwareLineThatEndsAtItsColonForNone) {
+TEST_F(ExplainKestrel, TellsOfAHardwareLineThatIsNotTriedThatItEndsAtItsColon) {
   mBoard.cpuinfo("Hardware\t:\n");
+  mReport.says("cpuinfo",
+               "/proc/cpuinfo: the Hardware line ends at its colon, which ends the search");
   EXPECT_EQ(explain(), mReport.remarkingNothing());
 }
 
@@ -325,6 +327,7 @@ TEST_F(Explain, GivesNoLineThatTheCatalogueCannotHold) {
           "No line in /etc/known_ovx_ids could make it known:\n"
           "it takes a boardid in its device tree, or a kernel release that ends in '-' and an "
           "alias.\n"
+          "(The end of the release has a colon, which no value in a catalogue can have.)\n"
           "(The Hardware value has a colon, which no value in a catalogue can have.)\n");
   EXPECT_EQ(explain(), mReport.remarking({noNode}));
 }
