@@ -137,12 +137,12 @@ std::int32_t OvxIdentifier::getHardwareNumber() {
 }
 
 void OvxIdentifier::logFullId(Priority::PriorityLevel level) {
-  ovxid::report(ovxid::logTo(mLogger), Level{level}, mHardwareName, mHardwareNumber,
+  ovxid::report(ovxid::logTo(mLogger), static_cast<Level>(level), mHardwareName, mHardwareNumber,
                 mDetermined ? &mHardwareAliases : nullptr);
 }
 
 void OvxIdentifier::tryLog(std::string message, Priority::PriorityLevel level) {
-  ovxid::logTo(mLogger)(Level{level}, {message});
+  ovxid::logTo(mLogger)(static_cast<Level>(level), {message});
 }
 
 void OvxIdentifier::tryLog(std::string message) { tryLog(std::move(message), Priority::DEBUG); }
