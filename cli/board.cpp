@@ -2,6 +2,7 @@
 
 #include <cerrno>
 #include <cstring>
+#include <utility>
 
 #include "diagnostics.h"
 #include "identity/report.h"
@@ -20,10 +21,10 @@ void tellOfFailure(const char* call, int error) {
 
 }  // namespace
 
-Board::Board(const Host& host, bool verbose)
-    : mHost(host), mLog(messages(verbose)), mName(unknownName), mNumber(unknownNumber) {
+Board::Board(std::shared_ptr<const Host> host, bool verbose)
+    : mHost(std::move(host)), mLog(messages(verbose)), mName(unknownName), mNumber(unknownNumber) {
   reportCreation(mLog);
-  mCatalogueFile = loadCatalogue(mHost, mCatalogue, mLog);
+  mCatalogueFile = loadCatalogue(*mHost, mCatalogue, mLog);
 }
 
 void Board::identify(Trials& trials) { search(&trials); }
@@ -35,7 +36,7 @@ void Board::identify() {
 }
 
 Identification Board::search(Trials* trials) {
-  Identification found = ovxid::identify(mHost, mCatalogue, mLog, trials);
+  Identification found = ovxid::identify(*mHost, mCatalogue, mLog, trials);
   mDecidedBy = found.decidedBy;
   mMatch = found.match;
   if (!found.thrown) {
@@ -53,7 +54,7 @@ std::vector<std::string> Board::aliases() const {
 }
 
 void Board::collect() {
-  mParameters = collectParameters(mHost, mNumber, mName, tellOfFailure);
+  mParameters = collectParameters(*mHost, mNumber, mName, tellOfFailure);
   if (mParameters.wanError == ENAMETOOLONG) {
     throw Failure(exit_status::aborted, "OVX_WAN",
                   "the name of the interface has more than 15 bytes");

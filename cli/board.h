@@ -1,6 +1,7 @@
 #ifndef OVXID_CLI_BOARD_H
 #define OVXID_CLI_BOARD_H
 
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -15,8 +16,9 @@ namespace ovxid::cli {
 class Board {
  public:
   // Loads the catalogue. With `verbose`, each message goes to standard error.
-  Board(const Host& host, bool verbose);
+  Board(std::shared_ptr<const Host> host, bool verbose);
   // What was found in the catalogue points into it.
+  ~Board() = default;
   Board(const Board&) = delete;
   Board& operator=(const Board&) = delete;
 
@@ -42,13 +44,13 @@ class Board {
   const HardwareIdentity* match() const { return mMatch; }
   const Catalogue& catalogue() const { return mCatalogue; }
   const CatalogueFile& catalogueFile() const { return mCatalogueFile; }
-  const Host& host() const { return mHost; }
+  const Host& host() const { return *mHost; }
   const std::vector<ovx_param>& parameters() const { return mParameters.list; }
 
  private:
   Identification search(Trials* trials);
 
-  const Host& mHost;
+  std::shared_ptr<const Host> mHost;
   Log mLog;
   Catalogue mCatalogue;
   CatalogueFile mCatalogueFile;

@@ -21,7 +21,7 @@ struct Option {
 struct Invocation;
 
 // Where the words of the launched program begin.
-enum class Launches { nothing, firstOperand, everyWord };
+enum class Launches { nothing, firstOperand, secondOperand, everyWord };
 
 // A command: its row in the table tells all that the parser, the help and the completion need.
 struct Command {
@@ -33,7 +33,7 @@ struct Command {
   const char* summary;
   const char* example;
   // Those that are not used have no name.
-  Option options[3];
+  Option options[4];
   int (*perform)(const Invocation&);
 
   // What the operand is called, counted from 0: of "[--] PROGRAM [ARG...]", the first is PROGRAM

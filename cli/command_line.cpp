@@ -1,6 +1,8 @@
 #include "command_line.h"
 
+#include <algorithm>
 #include <string_view>
+#include <utility>
 
 #include "command_table.h"
 #include "options.h"
@@ -28,12 +30,22 @@ void checkOperands(const Invocation& invocation, const Options& options) {
   }
 }
 
-// Reads the words from the command's own on.
-Invocation readCommand(const Command& command, int argc, char** argv, bool verbose) {
-  Options options = optionReader(command);
-  Invocation invocation;
-  invocation.command = &command;
-  invocation.verbose = verbose;
+// Options before the command are those of the command, if it has them.
+void checkOptions(const Invocation& invocation, const Options& options) {
+  const std::vector<Option> known = optionsOf(*invocation.command);
+  for (const auto& [name, argument] : invocation.options) {
+    const auto isThis = [name = name](const Option& each) { return name == each.name; };
+    if (std::none_of(known.begin(), known.end(), isThis)) {
+      options.refuse("--" + std::string(name),
+                     std::string("is no option of '") + invocation.command->name + "'");
+    }
+  }
+}
+
+// Reads the words from the command's own on. The options before it are read already.
+Invocation readCommand(Invocation invocation, int argc, char** argv) {
+  Options options = optionReader(*invocation.command);
+  checkOptions(invocation, options);
   while (const Option* const option = options.next(argc, argv)) {
     if (option->is(helpOption)) {
       return helpInvocation(1, argv);
@@ -52,15 +64,13 @@ Invocation readCommand(const Command& command, int argc, char** argv, bool verbo
 
 // All words behind the command belong to the shell, options included. Only a --help or a -- that
 // comes first is ours.
-Invocation readShell(const Command& command, int argc, char** argv, bool verbose) {
+Invocation readShell(Invocation invocation, int argc, char** argv) {
+  checkOptions(invocation, optionReader(*invocation.command));
   const std::string_view first = argc > 1 ? argv[1] : "";
   if (first == "--help") {
     return helpInvocation(1, argv);
   }
   const int skipped = first == "--" ? 2 : 1;
-  Invocation invocation;
-  invocation.command = &command;
-  invocation.verbose = verbose;
   invocation.operandCount = argc - skipped;
   invocation.operands = argv + skipped;
   return invocation;
@@ -70,10 +80,14 @@ Invocation readShell(const Command& command, int argc, char** argv, bool verbose
 
 Invocation readCommandLine(int argc, char** argv) {
   Options options = generalOptionReader();
-  bool verbose = false;
+  Invocation invocation;
   while (const Option* const option = options.next(argc, argv)) {
     if (option->is(verboseOption)) {
-      verbose = true;
+      invocation.verbose = true;
+      continue;
+    }
+    if (option->argument != nullptr) {
+      invocation.options.emplace_back(option->name, options.argument());
       continue;
     }
     Invocation help = helpInvocation(0, nullptr);
@@ -83,15 +97,13 @@ Invocation readCommandLine(int argc, char** argv) {
     return help;
   }
   if (optind >= argc) {
-    Invocation invocation;
     invocation.command = commandTable.begin();
-    invocation.verbose = verbose;
     return invocation;
   }
   const int position = optind;
-  const Command& command = commandNamed(argv[position]);
-  const auto read = command.launches == Launches::everyWord ? readShell : readCommand;
-  return read(command, argc - position, argv + position, verbose);
+  invocation.command = &commandNamed(argv[position]);
+  const auto read = invocation.command->launches == Launches::everyWord ? readShell : readCommand;
+  return read(std::move(invocation), argc - position, argv + position);
 }
 
 }  // namespace ovxid::cli

@@ -35,7 +35,7 @@ constexpr Command table[] = {
      Launches::nothing,  //
      "Print the board parameters",
      "ovxid list --format json",  //
-     {formatOption, outputOption},
+     {formatOption, outputOption, boardOption, catalogueOption},
      command::list},
     {"get",
      "NAME",
@@ -44,7 +44,7 @@ constexpr Command table[] = {
      Launches::nothing,
      "Print the value of one parameter; fail if there is none",
      "wan=$(ovxid get OVX_WAN)",
-     {},
+     {boardOption, catalogueOption},
      command::get},
     {"name",
      "",
@@ -53,7 +53,7 @@ constexpr Command table[] = {
      Launches::nothing,
      "Print the board's name; fail if the board is not identified",
      "board=$(ovxid name)",
-     {},
+     {boardOption, catalogueOption},
      command::name},
     {"number",
      "",
@@ -62,7 +62,7 @@ constexpr Command table[] = {
      Launches::nothing,
      "Print the board's number; fail if the board is not identified",
      "test \"$(ovxid number)\" = 64 && echo this is a PC",
-     {},
+     {boardOption, catalogueOption},
      command::number},
     {"explain",
      "",
@@ -71,7 +71,7 @@ constexpr Command table[] = {
      Launches::nothing,
      "Tell what each source said, and why the board is identified or not",
      "ovxid explain",
-     {},
+     {boardOption, catalogueOption},
      command::explain},
     {"check",
      "[FILE...]",
@@ -83,22 +83,22 @@ constexpr Command table[] = {
      {ignoreOption},
      command::check},
     {"record",
-     "DIRECTORY",
-     1,
-     1,
+     "",
+     0,
+     0,
      Launches::nothing,
-     "Write down this board in a new directory, to send it to somebody",
-     "ovxid record --no-mac board-12",
-     {noMacOption},
+     "Write down this board as one document, to send it to somebody",
+     "ovxid record --no-mac --output board-12.json",
+     {noMacOption, outputOption},
      command::record},
     {"replay",
-     "DIRECTORY [[--] PROGRAM [ARG...]]",
+     "FILE [[--] PROGRAM [ARG...]]",
      1,
      any,
-     Launches::everyWord,
+     Launches::secondOperand,
      "Run a program as on a recorded board; without one, look if ovxid says the same",
-     "ovxid replay board-12 ovxid explain",
-     {},
+     "ovxid replay board-12.json ovxid explain",
+     {catalogueOption},
      command::replay},
     {"run",
      "[--] PROGRAM [ARG...]",
@@ -152,7 +152,9 @@ const Command& commandNamed(std::string_view name) {
   return named(commandTable, name, "command", "ovxid --help");
 }
 
-std::vector<Option> generalOptions() { return {verboseOption, helpOption, versionOption}; }
+std::vector<Option> generalOptions() {
+  return {verboseOption, boardOption, catalogueOption, helpOption, versionOption};
+}
 
 std::vector<Option> optionsOf(const Command& command) {
   std::vector<Option> options;

@@ -25,6 +25,11 @@ constexpr Option verboseOption = {"verbose", 'v', nullptr,
 constexpr Option helpOption = {"help", 'h', nullptr, "Print a help text and exit"};
 constexpr Option versionOption = {"version", 'V', nullptr, "Print the version and exit"};
 
+constexpr Option boardOption = {"board", '\0', "FILE",
+                                "Ask a recorded board, or standard input, instead of this one"};
+constexpr Option catalogueOption = {"catalogue", '\0', "FILE",
+                                    "Read this catalogue instead of the board's own"};
+
 // The options that stand before the command, and those that stand behind this one.
 std::vector<Option> generalOptions();
 std::vector<Option> optionsOf(const Command& command);

@@ -42,8 +42,7 @@ std::string options(const Place& place) {
 
 // Without those that a terminal obeys instead of showing them, or that are no UTF-8.
 std::string parameterNames(const Place& place) {
-  const ThisMachine machine;
-  Board board(machine, false);
+  Board board(std::make_shared<ThisMachine>(), false);
   board.identify();
   board.collect();
   std::string candidates;
@@ -74,7 +73,7 @@ struct Placeholder {
 
 constexpr Placeholder placeholders[] = {
     {"OPTION", options},  {"NAME", parameterNames}, {"FILE", files},
-    {"DIRECTORY", files}, {"PROGRAM", program},     {"ARG", arguments},
+    {"PROGRAM", program}, {"ARG", arguments},
 };
 
 }  // namespace

@@ -16,6 +16,8 @@ struct Format {
   std::string (*write)(const Board& board);
 };
 
+constexpr const char* defaultFormat = "plain";
+
 // The formats in the order in which the help shows them.
 struct FormatTable {
   const Format* begin() const;

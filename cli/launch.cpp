@@ -4,16 +4,15 @@
 #include <cstring>
 
 #include "board.h"
+#include "board_file.h"
 #include "diagnostics.h"
-#include "host/this_machine.h"
 #include "launch/launch.h"
 #include "output.h"
 
 namespace ovxid::cli {
 
 int launch(const Invocation& invocation, Launched what) {
-  const ThisMachine machine;
-  Board board(machine, invocation.verbose);
+  Board board(hostOf(invocation), invocation.verbose);
   board.identify();
   board.collect();
   const InheritedHandlers inherited;

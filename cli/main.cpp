@@ -7,9 +7,9 @@
 #include <string_view>
 #include <typeinfo>
 
+#include "command_line.h"
 #include "diagnostics.h"
 #include "output.h"
-#include "perform.h"
 
 namespace ovxid::cli {
 
@@ -29,6 +29,16 @@ constexpr std::string_view memoryComplaint = "ovxid: memory: Cannot allocate mem
   std::_Exit(exit_status::ownFailure.value);
 }
 // GCOVR_EXCL_STOP
+
+int perform(int argc, char** argv) {
+  try {
+    const Invocation invocation = readCommandLine(argc, argv);
+    return invocation.command->perform(invocation);
+  } catch (const Failure& failure) {
+    complain(failure.subject(), failure.what());
+    return failure.status();
+  }
+}
 
 }  // namespace
 

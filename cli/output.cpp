@@ -21,6 +21,9 @@ SignalHandler inherited[std::size(signalsOfWriting)];
 // Whether what was written to standard error did not arrive.
 bool isErrorLost = false;
 
+// Where it goes instead, unless it is null.
+std::string* keptErrors = nullptr;
+
 // GCOVR_EXCL_START: gcc does not write its counts when a signal ends a process
 void dieOfClosedPipe() {
   std::signal(SIGPIPE, SIG_DFL);
@@ -62,7 +65,17 @@ void failToWrite(const std::string& what, int reason) {
   throw Failure(exit_status::notWritten, what, std::strerror(reason));
 }
 
-void tell(std::string_view text) { isErrorLost = isErrorLost || !writeAll(STDERR_FILENO, text); }
+KeptErrors::KeptErrors(std::string& kept) { keptErrors = &kept; }
+
+KeptErrors::~KeptErrors() { keptErrors = nullptr; }
+
+void tell(std::string_view text) {
+  if (keptErrors != nullptr) {
+    keptErrors->append(text);
+    return;
+  }
+  isErrorLost = isErrorLost || !writeAll(STDERR_FILENO, text);
+}
 
 void requireThatMessagesWereWritten() {
   if (isErrorLost) {

@@ -31,6 +31,15 @@ bool writeAll(int descriptor, std::string_view text);
 // When that fails, all later ones are lost as well.
 void tell(std::string_view text);
 
+// While it lives, what is told is kept in a string instead.
+class KeptErrors {
+ public:
+  explicit KeptErrors(std::string& kept);
+  ~KeptErrors();
+  KeptErrors(const KeptErrors&) = delete;
+  KeptErrors& operator=(const KeptErrors&) = delete;
+};
+
 // Throws Failure when messages on standard error were lost.
 void requireThatMessagesWereWritten();
 

@@ -8,10 +8,10 @@
 #include <cstring>
 #include <system_error>
 
+#include "delayed_signals.h"
 #include "diagnostics.h"
 #include "directory_entry.h"
 #include "output.h"
-#include "undisturbed.h"
 #include "unfinished_file.h"
 
 namespace ovxid::cli {
@@ -38,28 +38,14 @@ mode_t modeInPlaceOf(const DirectoryEntry& entry) {
 
 }  // namespace
 
-void createFile(const std::string& path, std::string_view content) {
-  const int descriptor = open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
-  if (descriptor < 0) {
-    failToWrite(path, errno);
-  }
-  const bool written = writeAll(descriptor, content);
-  const int reason = errno;
-  // GCOVR_EXCL_BR_LINE: some file systems tell only now that there is no room, none of the tests'
-  const bool closed = close(descriptor) == 0;
-  if (!written || !closed) {                      // GCOVR_EXCL_BR_LINE: see above
-    failToWrite(path, written ? errno : reason);  // GCOVR_EXCL_BR_LINE: see above
-  }
-}
-
-void replaceFile(const std::string& path, std::string_view content) {
+void replaceFile(const std::string& path, std::string_view content, mode_t mode) {
   try {
     const DirectoryEntry entry = entryBehind(path);
     requireThatMayBeReplaced(entry, path);
-    const Undisturbed undisturbed;
+    const DelayedSignals delayed;
     removeUnfinishedFiles(entry.directory.get());
     const UnfinishedFile file(entry.directory.get());
-    file.write(content, modeInPlaceOf(entry));
+    file.write(content, mode & modeInPlaceOf(entry));
     requireThatMessagesWereWritten();
     file.rename(entry.name);
   } catch (const std::system_error& error) {

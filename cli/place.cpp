@@ -44,27 +44,33 @@ std::string placeholder(bool mayBeOption, const std::string& operand) {
   return operand;
 }
 
+// The first word of a program that stands behind this operand, maybe with a "--" between them.
+int programBehind(int operand, int argc, char** argv) {
+  const int next = operand + 1;
+  return next < argc - 1 && std::string_view(argv[next]) == "--" ? next + 1 : next;
+}
+
 void readCommand(int argc, char** argv, bool isOption, Place& place) {
   const Command& command = *place.command;
   Options options = optionReader(command);
   if (isToldBy(options, argc, argv, place)) {
     return;
   }
-  const int operand = argc - 1 - optind;
-  const bool launches = command.launches == Launches::firstOperand && operand > 0;
-  place.program += optind;
+  const int last = argc - 1;
+  const bool isBehind = command.launches == Launches::secondOperand && last > optind;
+  const int program = isBehind ? programBehind(optind, argc, argv) : optind;
+  const int operand = last - program + (isBehind ? 1 : 0);
+  const bool launches = command.launches != Launches::nothing && operand > 0;
+  place.program += program;
   place.placeholder = placeholder(isOption && !launches && !options.wereEndedByDashes(argv),
                                   command.operandAt(operand));
 }
 
-// All words behind the command are operands, but for a "--" before the first one or the program.
+// All words behind the command are operands, but for a "--" before the first one.
 void readWords(int argc, char** argv, Place& place) {
   const int last = argc - 1;
-  const auto isMark = [&](int at) { return at < last && std::string_view(argv[at]) == "--"; };
-  const int first = isMark(1) ? 2 : 1;
-  const int second = isMark(first + 1) ? first + 2 : first + 1;
-  place.program += second;
-  place.placeholder = place.command->operandAt(last < second ? 0 : last - second + 1);
+  const bool isMarked = last > 1 && std::string_view(argv[1]) == "--";
+  place.placeholder = place.command->operandAt(last - (isMarked ? 2 : 1));
 }
 
 }  // namespace

@@ -4,8 +4,8 @@
 #include <iterator>
 #include <utility>
 
-#include "hexadecimal.h"
-#include "utf8.h"
+#include "encoding/hexadecimal.h"
+#include "encoding/utf8.h"
 
 namespace ovxid::cli {
 

@@ -16,7 +16,7 @@ install(TARGETS ovxid EXPORT ovxid
 if(OVXID_BUILD_CLI)
   install(TARGETS ovxid_cli RUNTIME COMPONENT runtime)
   install(FILES "${ovxid_manuals}/ovxid.1" DESTINATION "${CMAKE_INSTALL_MANDIR}/man1" COMPONENT runtime)
-  install(FILES cli/formats/ovxid.schema.json
+  install(FILES cli/formats/ovxid.schema.json recording/recording.schema.json
     DESTINATION "${CMAKE_INSTALL_DATADIR}/ovxid" COMPONENT runtime)
   install(FILES "${ovxid_manuals}/ovxid.service.8"
     DESTINATION "${CMAKE_INSTALL_MANDIR}/man8" COMPONENT runtime)

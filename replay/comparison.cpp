@@ -3,11 +3,13 @@
 #include <sys/mman.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cstdio>
 #include <iostream>
+#include <string_view>
 
-#include "recording/files.h"
-#include "recording/session.h"
+#include "cli/visible.h"
+#include "replay/capture.h"
 #include "replay/complaint.h"
 #include "replay/failure.h"
 #include "replay/signals.h"
@@ -24,6 +26,24 @@ int listHere() {
   return notFound;
 }
 
+// Each line behind a mark. One that nothing ends has a backslash there.
+std::string marked(const std::string& mark, std::string_view lines) {
+  std::string text;
+  while (!lines.empty()) {
+    const std::size_t end = std::min(lines.find('\n'), lines.size());
+    const bool isWhole = end < lines.size();
+    text += mark + cli::visible(lines.substr(0, end)) + (isWhole ? "\n" : "\\\n");
+    lines.remove_prefix(isWhole ? end + 1 : end);
+  }
+  return text;
+}
+
+// Every byte of it shows, so that people see what differs.
+std::string textOf(const recording::Said& said) {
+  return marked("out| ", said.out) + marked("err| ", said.err) + "exit " +
+         std::to_string(said.status) + "\n";
+}
+
 // A file without a name, by the path at which another program finds it.
 std::string fileOf(const std::string& text) {
   const int file = memfd_create("said", 0);
@@ -35,37 +55,23 @@ std::string fileOf(const std::string& text) {
 
 std::string firstLineOf(const std::string& text) { return text.substr(0, text.find('\n')); }
 
-// A session has its escapes already, but a recording may hold anything.
-std::string shownLines(const std::string& text) {
-  std::string shown;
-  for (const char byte : text) {
-    const bool isPlain = byte == '\n' || byte == '\\';
-    shown += isPlain ? std::string{byte} : recording::escaped({&byte, 1});
-  }
-  return shown;
-}
-
 }  // namespace
 
-int compareWithRecording(const Recording& recording) {
+int compareWithBoard(const std::string& file, const recording::Said& said) {
   // As for the program, the end of children is given back as it was; here they are waited for.
   const Signals usual;
-  const std::string said = recording.file(recording::file::said);
-  if (!recording.has(recording::file::said)) {
-    throw Failure(said, "is missing: there is nothing to compare with");
-  }
-  const std::string here =
-      fileOf(recording::session("ovxid -v list", recording::outcomeOf(listHere)));
-  const recording::Outcome difference = recording::outcomeOf([&] {
-    execlp("diff", "diff", "--text", "--unified", "--label", recording::escaped(said).c_str(),
-           "--label", "here", said.c_str(), here.c_str(), nullptr);
+  const std::string there = fileOf(textOf(said));
+  const std::string here = fileOf(textOf(captured(listHere)));
+  const recording::Said difference = captured([&] {
+    execlp("diff", "diff", "--text", "--unified", "--label", cli::visible(file).c_str(), "--label",
+           "here", there.c_str(), here.c_str(), nullptr);
     std::perror("diff");
     return notFound;
   });
   if (difference.status > 1) {
-    throw Failure(said, "cannot be compared: " + firstLineOf(difference.err));
+    throw Failure(file, "cannot be compared: " + firstLineOf(difference.err));
   }
-  std::cout << shownLines(difference.out) << std::flush;
+  std::cout << difference.out << std::flush;
   require(std::cout.good(), "standard output");
   return difference.status;
 }

@@ -1,13 +1,15 @@
 #ifndef OVXID_REPLAY_COMPARISON_H
 #define OVXID_REPLAY_COMPARISON_H
 
-#include "replay/recording.h"
+#include <string>
+
+#include "recording/recording.h"
 
 namespace ovxid::replay {
 
-// Lets ovxid list the parameters here, and prints what differs from what it said on the board.
-// Returns the exit status: 0 if nothing does, 1 if something does. Throws Failure.
-int compareWithRecording(const Recording& recording);
+// Lets ovxid list the parameters here, and prints what differs from what it said on the board, as
+// the file tells. Returns the exit status: 0 if nothing does, 1 if something does. Throws Failure.
+int compareWithBoard(const std::string& file, const recording::Said& said);
 
 }  // namespace ovxid::replay
 

@@ -21,6 +21,13 @@ class Failure : public std::runtime_error {
   std::string mSubject;
 };
 
+// What only a document can have, and no machine: where that is in the document, and why not.
+class NotReplayable : public std::runtime_error {
+ public:
+  NotReplayable(const std::string& place, const std::string& why)
+      : std::runtime_error(place + ": " + why) {}
+};
+
 // Throws with the reason that errno tells, and with what allows it, unless it succeeded.
 inline void require(bool success, const std::string& what, const std::string& hint = "") {
   if (!success) {

@@ -8,12 +8,13 @@
 #include <unistd.h>
 
 #include <map>
-#include <set>
+#include <optional>
 #include <string_view>
 #include <utility>
 
 #include "recording/addresses.h"
-#include "recording/files.h"
+#include "recording/format.h"
+#include "recording/mac.h"
 #include "replay/failure.h"
 #include "replay/network.h"
 #include "replay/world.h"
@@ -25,7 +26,8 @@ namespace {
 constexpr const char* tunnelDevice = "/dev/net/tun";
 // That every network has.
 constexpr const char* loopback = "lo";
-constexpr const char* noMac = "00:00:00:00:00:00";
+
+using Interfaces = std::vector<recording::Interface>;
 
 std::string interfaceOf(const std::string& nameOrLabel) {
   return nameOrLabel.substr(0, nameOrLabel.find(':'));
@@ -34,9 +36,27 @@ std::string interfaceOf(const std::string& nameOrLabel) {
 // The other end of the cable, which has no address and so is in no list.
 std::string peerOf(std::size_t number) { return "ovxid-peer" + std::to_string(number); }
 
-bool isTunnel(const Address& entry) {
-  return entry.mac == noMac && interfaceOf(entry.name) != loopback;
+struct Link {
+  std::string name;
+  std::optional<recording::Mac> mac;
+};
+
+// Each interface once, with the first MAC address that is known of it.
+std::vector<Link> linksOf(const Interfaces& entries) {
+  std::vector<Link> links;
+  std::map<std::string, std::size_t> places;
+  for (const recording::Interface& entry : entries) {
+    const auto [place, isNew] = places.emplace(interfaceOf(entry.name), links.size());
+    if (isNew) {
+      links.push_back({place->first, std::nullopt});
+    }
+    Link& link = links[place->second];
+    link.mac = link.mac ? link.mac : entry.mac;
+  }
+  return links;
 }
+
+bool isTunnel(const Link& link) { return link.mac == recording::Mac{} && link.name != loopback; }
 
 // Where the kernel knows no IPv6, asking it not to use that is an error.
 bool knowsIpv6() { return access("/proc/self/net/if_inet6", F_OK) == 0; }
@@ -55,56 +75,54 @@ Commands bringUpWithoutAddress(const std::string& name) {
 }
 
 // An interface runs when it is up and so is the other end of its cable.
-Commands linkCommands(const Address& entry, std::size_t number) {
-  const std::string name = interfaceOf(entry.name);
-  if (name == loopback) {
+Commands linkCommands(const Link& link, std::size_t number) {
+  if (link.name == loopback) {
     // The kernel gives it this address as soon as it is up.
     return {"link set dev lo up", "address del 127.0.0.1/8 dev lo"};
   }
-  if (isTunnel(entry)) {
-    return Commands{"tuntap add dev " + name + " mode tun"} + bringUpWithoutAddress(name);
+  if (isTunnel(link)) {
+    return Commands{"tuntap add dev " + link.name + " mode tun"} + bringUpWithoutAddress(link.name);
   }
   const std::string peer = peerOf(number);
-  return Commands{"link add name " + name + (entry.mac == none ? "" : " address " + entry.mac) +
+  return Commands{"link add name " + link.name +
+                  (link.mac ? " address " + recording::textOf(*link.mac) : "") +
                   " type veth peer name " + peer} +
-         bringUpWithoutAddress(peer) + Commands{"link set dev " + name + " up"};
+         bringUpWithoutAddress(peer) + Commands{"link set dev " + link.name + " up"};
 }
 
 // The kernel would sort by scope, and put an address behind those of other networks. In one scope,
 // each in a network of its own, it keeps the order.
-std::string addressCommand(const Address& entry) {
-  const std::string name = interfaceOf(entry.name);
+std::string addressCommand(const std::string& nameOrLabel, const std::string& address) {
+  const std::string name = interfaceOf(nameOrLabel);
   const bool isLoopback = name == loopback;
-  return "address add " + entry.address +
-         (isLoopback && entry.address == "127.0.0.1" ? "/8" : "/32") + " dev " + name + " label " +
-         entry.name + " scope " + (isLoopback ? "host" : "global");
+  return "address add " + address + (isLoopback && address == "127.0.0.1" ? "/8" : "/32") +
+         " dev " + name + " label " + nameOrLabel + " scope " + (isLoopback ? "host" : "global");
 }
 
-Commands commandsFor(const std::vector<Address>& entries) {
+Commands commandsFor(const std::vector<Link>& links, const Interfaces& entries) {
   Commands commands;
-  std::set<std::string> made;
-  for (const Address& entry : entries) {
-    if (made.insert(interfaceOf(entry.name)).second) {
-      commands = std::move(commands) + linkCommands(entry, made.size());
-    }
-    if (entry.address != none) {
-      commands.push_back(addressCommand(entry));
+  std::size_t number = 0;
+  for (const Link& link : links) {
+    commands = std::move(commands) + linkCommands(link, ++number);
+  }
+  for (const recording::Interface& entry : entries) {
+    if (entry.address) {
+      commands.push_back(addressCommand(entry.name, *entry.address));
     }
   }
   return commands;
 }
 
 // A descriptor of the device for each of the board's tunnels.
-std::map<std::string, int> openTunnels(const std::vector<Address>& entries) {
+std::map<std::string, int> openTunnels(const std::vector<Link>& links) {
   std::map<std::string, int> tunnels;
-  for (const Address& entry : entries) {
-    const std::string name = interfaceOf(entry.name);
-    if (isTunnel(entry) && tunnels.count(name) == 0) {
+  for (const Link& link : links) {
+    if (isTunnel(link)) {
       const int tunnel = open(tunnelDevice, O_RDWR | O_CLOEXEC);
       require(tunnel >= 0, tunnelDevice,
-              "the board has a tunnel, " + name +
+              "the board has a tunnel, " + link.name +
                   ": that takes the kernel's module tun, and the right to open this device");
-      tunnels[name] = tunnel;
+      tunnels[link.name] = tunnel;
     }
   }
   return tunnels;
@@ -129,29 +147,32 @@ bool isRunning(int kernel, const std::string& name) {
 }
 
 // The kernel tells a little later that an interface is connected.
-void awaitConnections(const std::vector<Address>& entries) {
+void awaitConnections(const std::vector<Link>& links) {
   constexpr int milliseconds = 1000;
   const int kernel = socket(AF_INET, SOCK_DGRAM | SOCK_CLOEXEC, 0);
   require(kernel >= 0, "socket");
-  for (const Address& entry : entries) {
-    for (int i = 0; i < milliseconds && !isRunning(kernel, interfaceOf(entry.name)); ++i) {
+  for (const Link& link : links) {
+    for (int i = 0; i < milliseconds && !isRunning(kernel, link.name); ++i) {
       usleep(1000);
     }
   }
   close(kernel);
 }
 
+[[noreturn]] void refuse(const std::string& why) {
+  throw NotReplayable(std::string("/") + recording::key::interfaces, why);
+}
+
 // Something may have been recorded that no machine can have.
-void requireList(const Recording& recording) {
+void requireList(const Interfaces& entries) {
   std::vector<recording::ListedAddress> wanted;
-  for (const Address& entry : recording.addresses) {
-    if (entry.address != none) {
-      wanted.push_back({entry.name, entry.address});
+  for (const recording::Interface& entry : entries) {
+    if (entry.address) {
+      wanted.push_back({entry.name, *entry.address});
     }
   }
   if (recording::listedAddresses() != wanted) {
-    throw Failure(recording.file(recording::file::interfaces),
-                  "the kernel here does not list these addresses in this order");
+    refuse("the kernel here does not list these addresses in this order");
   }
 }
 
@@ -163,19 +184,19 @@ std::string hintFor(std::string_view complaint) {
 
 }  // namespace
 
-std::vector<int> makeInterfaces(const Recording& recording) {
+std::vector<int> makeInterfaces(const Interfaces& entries) {
   enterEmptyNetwork();
+  const std::vector<Link> links = linksOf(entries);
   // A descriptor belongs to the network in which it was opened.
-  const std::map<std::string, int> tunnels = openTunnels(recording.addresses);
+  const std::map<std::string, int> tunnels = openTunnels(links);
   try {
-    changeNetwork(commandsFor(recording.addresses));
+    changeNetwork(commandsFor(links, entries));
   } catch (const std::runtime_error& error) {
-    throw Failure(recording.file(recording::file::interfaces),
-                  error.what() + hintFor(error.what()));
+    refuse(error.what() + hintFor(error.what()));
   }
-  requireList(recording);
+  requireList(entries);
   std::vector<int> descriptors = connect(tunnels);
-  awaitConnections(recording.addresses);
+  awaitConnections(links);
   return descriptors;
 }
 

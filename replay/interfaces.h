@@ -3,14 +3,14 @@
 
 #include <vector>
 
-#include "replay/recording.h"
+#include "recording/recording.h"
 
 namespace ovxid::replay {
 
 // Makes the interfaces of the board, whose addresses the kernel then lists in the recorded order. A
 // tunnel is connected for as long as its descriptor, one of those returned, is open. Throws
 // Failure.
-std::vector<int> makeInterfaces(const Recording& recording);
+std::vector<int> makeInterfaces(const std::vector<recording::Interface>& entries);
 
 }  // namespace ovxid::replay
 

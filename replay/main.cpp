@@ -5,15 +5,21 @@
 #include <cerrno>
 #include <cstring>
 #include <iostream>
+#include <optional>
+#include <string>
+#include <system_error>
 
+#include "recording/file.h"
+#include "recording/limits.h"
+#include "recording/reader.h"
 #include "replay/comparison.h"
 #include "replay/complaint.h"
 #include "replay/failure.h"
 #include "replay/interfaces.h"
+#include "replay/mounts.h"
 #include "replay/program.h"
-#include "replay/recording.h"
+#include "replay/requirements.h"
 #include "replay/signals.h"
-#include "replay/surroundings.h"
 
 namespace ovxid::replay {
 
@@ -22,12 +28,13 @@ namespace {
 constexpr int usageError = 2;
 
 constexpr const char* usage =
-    "Usage: ovxid-replay DIRECTORY [[--] PROGRAM [ARG...]]\n"
+    "Usage: ovxid-replay [OPTIONS] FILE [[--] PROGRAM [ARG...]]\n"
     "\n"
     "Runs a program as if it ran on the board that 'ovxid record' has written down.\n"
     "Without a program, compares what ovxid says there with what it said on the board.\n"
     "\n"
     "Options:\n"
+    "      --catalogue FILE  Read this catalogue instead of the board's own\n"
     "  -h, --help            Print a help text and exit\n"
     "  -V, --version         Print the version and exit\n"
     "\n"
@@ -57,20 +64,65 @@ int run(char** words) {
   return reason == ENOENT ? notFound : cannotRun;
 }
 
-int replay(const char* directory, char** words) {
+// What the command line asks for.
+struct Order {
+  std::string file;
+  std::optional<std::string> catalogue;
+  // Ended by a null pointer. None to compare with what was said on the board.
+  char** words = nullptr;
+};
+
+// Standard input is that of the program.
+template <typename Read>
+auto readFrom(const std::string& file, Read read) {
+  if (file == "-") {
+    throw Failure(file, "standard input belongs to the program: give a file");
+  }
+  try {
+    return read(file);
+  } catch (const recording::NotARecording& error) {
+    throw Failure(file.empty() ? "''" : file, error.what());
+  } catch (const std::system_error& error) {
+    throw Failure(file.empty() ? "''" : file, std::strerror(error.code().value()));
+  }
+}
+
+recording::Recording readRecording(const Order& order) {
+  recording::Recording recording = readFrom(order.file, recording::readFile);
+  if (*order.words == nullptr && !recording.said) {
+    throw Failure(order.file, "does not tell what ovxid said there: nothing to compare with");
+  }
+  if (order.catalogue) {
+    recording.catalogue.openError = recording.catalogue.readError = 0;
+    recording.catalogue.bytes = readFrom(*order.catalogue, [](const std::string& file) {
+      return recording::bytesOfFile(file, recording::limit::document);
+    });
+  }
+  return recording;
+}
+
+[[noreturn]] void replay(const Order& order) {
   Signals signals;
-  const Recording recording = readRecording(directory);
+  const recording::Recording recording = readRecording(order);
+  requireReplayable(recording);
   takeOwnMounts(InNamespace::asOneself);
   // In place for as long as a process of the board is left.
-  [[maybe_unused]] const Surroundings surroundings(recording);
-  const std::vector<int> tunnels = makeInterfaces(recording);
-  runOnBoard(recording, tunnels, signals,
-             [&] { return *words == nullptr ? compareWithRecording(recording) : run(words); });
+  [[maybe_unused]] const Mounts mounts(recording);
+  const std::vector<int> tunnels = makeInterfaces(recording.interfaces);
+  runOnBoard(recording, tunnels, signals, [&] {
+    return *order.words == nullptr ? compareWithBoard(order.file, *recording.said)
+                                   : run(order.words);
+  });
 }
 
 int print(const char* text) {
   require(static_cast<bool>(std::cout << text << std::flush), "standard output");
   return 0;
+}
+
+int refuse(const std::string& word, const std::string& why) {
+  complain(word, why + " (see 'ovxid-replay --help')");
+  return usageError;
 }
 
 // The option that getopt_long has just refused.
@@ -80,30 +132,43 @@ std::string refusedOption(char** argv) {
   return isLong ? word : std::string("-") + static_cast<char>(optopt);
 }
 
+int replayFrom(Order order, char** operands) {
+  order.file = operands[0];
+  const bool isMarked = operands[1] != nullptr && std::strcmp(operands[1], "--") == 0;
+  order.words = operands + (isMarked ? 2 : 1);
+  try {
+    replay(order);
+  } catch (const NotReplayable& error) {
+    throw Failure(order.file, error.what());
+  }
+}
+
 int readWords(int argc, char** argv) {
-  constexpr option options[] = {
-      {"help", no_argument, nullptr, 'h'}, {"version", no_argument, nullptr, 'V'}, {}};
+  constexpr option options[] = {{"catalogue", required_argument, nullptr, 'c'},
+                                {"help", no_argument, nullptr, 'h'},
+                                {"version", no_argument, nullptr, 'V'},
+                                {}};
   opterr = 0;
-  switch (getopt_long(argc, argv, "+hV", options, nullptr)) {
-    case 'h':
-      return print(usage);
-    case 'V':
-      return print("ovxid-replay " OVXID_VERSION "\n");
-    case -1:
-      break;
-    default:
-      complain(refusedOption(argv), "no such option (see 'ovxid-replay --help')");
-      return usageError;
+  Order order;
+  for (int letter = 0; (letter = getopt_long(argc, argv, "+:hV", options, nullptr)) != -1;) {
+    switch (letter) {
+      case 'c':
+        order.catalogue = optarg;
+        break;
+      case 'h':
+        return print(usage);
+      case 'V':
+        return print("ovxid-replay " OVXID_VERSION "\n");
+      case ':':
+        return refuse(argv[optind - 1], "needs a FILE");
+      default:
+        return refuse(refusedOption(argv), "no such option");
+    }
   }
   if (optind == argc) {
-    complain("DIRECTORY", "is missing (see 'ovxid-replay --help')");
-    return usageError;
+    return refuse("FILE", "is missing");
   }
-  char** words = argv + optind + 1;
-  if (*words != nullptr && std::strcmp(*words, "--") == 0) {
-    ++words;
-  }
-  return replay(argv[optind], words);
+  return replayFrom(std::move(order), argv + optind);
 }
 
 }  // namespace

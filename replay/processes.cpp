@@ -22,12 +22,6 @@ constexpr int atOnce = 256;
 // The kernel's first number for a process when it begins anew.
 constexpr int first = 300;
 
-int largestNumber() {
-  int number = 0;
-  std::ifstream("/proc/sys/kernel/pid_max") >> number;
-  return number;
-}
-
 // How many numbers have entries before they are given: more than all processors of the machine can
 // make processes until room is made again, but not so many that a number has been given again
 // before its entry is forgotten.
@@ -46,10 +40,16 @@ int openDirectory(const char* path) {
 
 }  // namespace
 
+int largestProcess() {
+  int number = 0;
+  std::ifstream("/proc/sys/kernel/pid_max") >> number;
+  return number;
+}
+
 Processes::Processes()
     : mDirectory(openDirectory("/proc")),
       mRealDirectory(openDirectory("/proc/.kept")),
-      mLargest(largestNumber()),
+      mLargest(largestProcess()),
       mAhead(ahead(mLargest)),
       mNext(lastNumber() + 1) {
   if (mLargest == 0 || mNext == 1) {

@@ -5,6 +5,9 @@
 
 namespace ovxid::replay {
 
+// The largest number that the kernel gives a process; 0 if it does not tell.
+int largestProcess();
+
 // The entries of processes in the replaced /proc, also when a program has mounted something over
 // it, or has taken it away. Nothing can make one at the moment when a program
 // looks for it, so each number has one before a process gets it: numbers are given one after the

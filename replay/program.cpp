@@ -47,7 +47,7 @@ void endWith(pid_t parent) {
 }
 
 // Nothing of the program is held: no stream whose end somebody waits for, no folder.
-void letGoOfAllBut(std::vector<int> descriptors) {
+void closeAllBut(std::vector<int> descriptors) {
   std::sort(descriptors.begin(), descriptors.end());
   unsigned next = 0;
   for (const int kept : descriptors) {
@@ -65,14 +65,14 @@ void letGoOfAllBut(std::vector<int> descriptors) {
 }
 
 // The process that answers is in no group that a terminal or a shell sends signals to.
-[[noreturn]] void becomeAnswerer(const Recording& recording, Processes& processes,
+[[noreturn]] void becomeAnswerer(const recording::Recording& recording, Processes& processes,
                                  const Signals& signals, std::vector<int> descriptors,
                                  int listener) {
   setsid();
   signals.giveBack();
   descriptors.insert(descriptors.end(),
                      {listener, processes.directory(), processes.realDirectory()});
-  letGoOfAllBut(std::move(descriptors));
+  closeAllBut(std::move(descriptors));
   answerForUname(recording, processes, listener);
   _exit(0);
 }
@@ -147,8 +147,8 @@ void Waiting::endAnswers() const {
 
 }  // namespace
 
-void runOnBoard(const Recording& recording, const std::vector<int>& descriptors, Signals& signals,
-                const std::function<int()>& call) {
+void runOnBoard(const recording::Recording& recording, const std::vector<int>& descriptors,
+                Signals& signals, const std::function<int()>& call) {
   Channel channel;
   Processes processes;
   const pid_t self = getpid();
@@ -163,7 +163,7 @@ void runOnBoard(const Recording& recording, const std::vector<int>& descriptors,
   if (listener >= 0 && answerer == 0) {
     becomeAnswerer(recording, processes, signals, descriptors, listener);
   }
-  letGoOfAllBut({listener, signals.descriptor()});
+  closeAllBut({listener, signals.descriptor()});
   Waiting(program, answerer, listener, signals).untilTheEnd();
 }
 

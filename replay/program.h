@@ -4,7 +4,7 @@
 #include <functional>
 #include <vector>
 
-#include "replay/recording.h"
+#include "recording/recording.h"
 #include "replay/signals.h"
 
 namespace ovxid::replay {
@@ -13,8 +13,9 @@ namespace ovxid::replay {
 // machine of the board. Waits for it and ends as it does: signals that are sent to this process
 // reach it, and when it stops, so does this one. The descriptors stay open for as long as a process
 // of the board is left. Throws Failure when the process cannot be made.
-[[noreturn]] void runOnBoard(const Recording& recording, const std::vector<int>& descriptors,
-                             Signals& signals, const std::function<int()>& call);
+[[noreturn]] void runOnBoard(const recording::Recording& recording,
+                             const std::vector<int>& descriptors, Signals& signals,
+                             const std::function<int()>& call);
 
 }  // namespace ovxid::replay
 

@@ -63,29 +63,31 @@ bool write(std::string bytes, const seccomp_notif& call) {
          static_cast<ssize_t>(bytes.size());
 }
 
-bool tellNames(const Recording& recording, const seccomp_notif& call, int listener) {
+bool tellNames(const recording::Recording& recording, const seccomp_notif& call, int listener) {
   utsname names{};
-  if (!recording.hasUname || ::uname(&names) != 0) {
+  if (::uname(&names) != 0) {
     return false;
   }
-  setName(names.release, *recording.release);
-  setName(names.machine, *recording.machine);
+  setName(names.release, recording.release);
+  setName(names.machine, recording.machine);
   // Another process may have got the number, unless the call still waits.
   return seccomp_notify_id_valid(listener, call.id) == 0 && write(answerTo(call.data, names), call);
 }
 
-void answer(const Recording& recording, const seccomp_notif& call, seccomp_notif_resp& response,
-            int listener) {
+void answer(const recording::Recording& recording, const seccomp_notif& call,
+            seccomp_notif_resp& response, int listener) {
   response = {};
   response.id = call.id;
-  if (!tellNames(recording, call, listener)) {
+  if (recording.unameError != 0) {
+    response.error = -recording.unameError;
+  } else if (!tellNames(recording, call, listener)) {
     response.error = -EFAULT;
   }
 }
 
 }  // namespace
 
-void answerForUname(const Recording& recording, Processes& processes, int listener) {
+void answerForUname(const recording::Recording& recording, Processes& processes, int listener) {
   seccomp_notif* call = nullptr;
   seccomp_notif_resp* response = nullptr;
   if (seccomp_notify_alloc(&call, &response) != 0) {

@@ -106,6 +106,14 @@ void makeMountsPrivate() {
   close(root);
 }
 
+// Without a limit, it is half of the machine's memory.
+std::string optionsFor(const std::optional<Room>& room) {
+  const std::string options = "mode=755";
+  return room ? options + ",size=" + std::to_string(room->bytes) +
+                    ",nr_inodes=" + std::to_string(room->files)
+              : options;
+}
+
 }  // namespace
 
 void takeOwnMounts(InNamespace user) {
@@ -123,12 +131,13 @@ void takeOwnMounts(InNamespace user) {
 
 void enterEmptyNetwork() { require(unshare(CLONE_NEWNET) == 0, "make a network namespace"); }
 
-ReplacedDirectory::ReplacedDirectory(std::string path) : mPath(std::move(path)) {
+ReplacedDirectory::ReplacedDirectory(std::string path, std::optional<Room> room)
+    : mPath(std::move(path)) {
   takeOwnMounts();
   const int kept =
       open_tree(AT_FDCWD, mPath.c_str(), OPEN_TREE_CLONE | OPEN_TREE_CLOEXEC | AT_RECURSIVE);
   require(kept >= 0, "keep " + mPath);
-  require(mount("board", mPath.c_str(), "tmpfs", 0, "mode=755") == 0,
+  require(mount("board", mPath.c_str(), "tmpfs", MS_NODEV, optionsFor(room).c_str()) == 0,
           "mount a tmpfs over " + mPath);
   fs::create_directory(mPath + "/.kept");
   require(move_mount(kept, "", AT_FDCWD, (mPath + "/.kept").c_str(), MOVE_MOUNT_F_EMPTY_PATH) == 0,

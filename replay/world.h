@@ -1,6 +1,8 @@
 #ifndef OVXID_REPLAY_WORLD_H
 #define OVXID_REPLAY_WORLD_H
 
+#include <cstdint>
+#include <optional>
 #include <set>
 #include <string>
 #include <system_error>
@@ -23,11 +25,18 @@ void takeOwnMounts(InNamespace user = InNamespace::asRoot);
 // From now on the only network interface is a loopback without an address.
 void enterEmptyNetwork();
 
+// What a file system in memory takes at most.
+struct Room {
+  std::uint64_t bytes;
+  std::uint64_t files;
+};
+
 // While this object lives, a directory of the system holds nothing but `.kept`, and that holds what
-// was in the directory before. The first object of a process gives the process its own mounts.
+// was in the directory before. No device can be opened there. The first object of a process gives
+// the process its own mounts.
 class ReplacedDirectory {
  public:
-  explicit ReplacedDirectory(std::string path);
+  explicit ReplacedDirectory(std::string path, std::optional<Room> room = std::nullopt);
   // NOLINTNEXTLINE(bugprone-exception-escape): nobody may go on with half of the real directory
   ~ReplacedDirectory();
   ReplacedDirectory(const ReplacedDirectory&) = delete;

@@ -32,8 +32,6 @@ namespace ovxid {
 
 namespace {
 
-constexpr ThisMachine thisMachine;
-
 // The message is the format, as board programs expect: the logger interprets a '%' in it.
 void handOver(void* context, Level level, const char* message) {
   cQlog& logger = *static_cast<cQlog*>(context);
@@ -95,7 +93,7 @@ OvxIdentifier::OvxIdentifier(cQlog* logger)
 }
 
 void OvxIdentifier::findKnownIdentities() {
-  ovxid::loadCatalogue(ovxid::thisMachine, mKnownIdentities, ovxid::logTo(mLogger));
+  ovxid::loadCatalogue(ovxid::ThisMachine(), mKnownIdentities, ovxid::logTo(mLogger));
 }
 
 bool OvxIdentifier::parseIdentityLine(HardwareIdentity& record, std::string line) {
@@ -109,7 +107,7 @@ bool OvxIdentifier::determineIdentity() {
                       "...but it was already successfully determined"});
     mDetermined = false;
   }
-  ovxid::Identification found = identify(ovxid::thisMachine, mKnownIdentities, log);
+  ovxid::Identification found = identify(ovxid::ThisMachine(), mKnownIdentities, log);
   if (found.match != nullptr) {
     mHardwareAliases = std::vector<std::string>(found.match->aliases);
   }
@@ -155,17 +153,17 @@ void OvxIdentifier::loadParams() {
 void OvxIdentifier::parse_params() {
   OvxDTParser::mOVxId = this;
   ovxid::IdentifierList list(*this, mParams);
-  ovxid::collect(ovxid::thisMachine, mHardwareNumber, mHardwareName, list);
+  ovxid::collect(ovxid::ThisMachine(), mHardwareNumber, mHardwareName, list);
 }
 
 void OvxIdentifier::search_wan() {
   ovxid::IdentifierList list(*this, mParams);
-  ovxid::searchWan(ovxid::thisMachine, list);
+  ovxid::searchWan(ovxid::ThisMachine(), list);
 }
 
 void OvxIdentifier::add_wan_mac() {
   ovxid::IdentifierList list(*this, mParams);
-  ovxid::addWanMac(ovxid::thisMachine, list);
+  ovxid::addWanMac(ovxid::ThisMachine(), list);
 }
 
 void OvxIdentifier::addParameter(std::string name, std::string value) {

@@ -5,8 +5,8 @@
 #include <algorithm>
 
 #include "ascii.h"
+#include "encoding/utf8.h"
 #include "identity/well_known.h"
-#include "utf8.h"
 #include "visible.h"
 
 namespace ovxid::cli {

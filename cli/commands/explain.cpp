@@ -1,9 +1,9 @@
+#include "board_file.h"
 #include "command.h"
 #include "exit_status.h"
 #include "explain/conclusion.h"
 #include "explain/remarks.h"
 #include "explain/sources.h"
-#include "host/this_machine.h"
 #include "output.h"
 
 namespace ovxid::cli::command {
@@ -21,8 +21,7 @@ std::string paragraph(const Remarks& remarks) {
 }  // namespace
 
 int explain(const Invocation& invocation) {
-  const ThisMachine machine;
-  Board board(machine, invocation.verbose);
+  Board board(hostOf(invocation), invocation.verbose);
   const Diagnosis diagnosis(board);
   std::string remarks;
   for (auto* const remarksOn : {remarksOnSystem, remarksOnNode, remarksOnSpelling,

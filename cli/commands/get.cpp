@@ -4,9 +4,9 @@
 #include <iterator>
 
 #include "board.h"
+#include "board_file.h"
 #include "command.h"
 #include "diagnostics.h"
-#include "host/this_machine.h"
 #include "output.h"
 #include "suggestion.h"
 
@@ -30,8 +30,7 @@ std::string meantBy(const std::string& name, const std::vector<ovx_param>& varia
 
 int get(const Invocation& invocation) {
   const std::string name = invocation.operands[0];
-  const ThisMachine machine;
-  Board board(machine, invocation.verbose);
+  Board board(hostOf(invocation), invocation.verbose);
   board.identify();
   board.collect();
   const auto variables = environment(board.parameters());

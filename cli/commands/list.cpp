@@ -1,20 +1,19 @@
 #include <string_view>
 
 #include "board.h"
+#include "board_file.h"
 #include "command.h"
 #include "exit_status.h"
 #include "format.h"
-#include "host/this_machine.h"
 #include "output.h"
 #include "output_file.h"
 
 namespace ovxid::cli::command {
 
 int list(const Invocation& invocation) {
-  const Format& format = formatNamed(invocation.option("format", "plain"));
+  const Format& format = formatNamed(invocation.option("format", defaultFormat));
   const char* const file = invocation.option("output", nullptr);
-  const ThisMachine machine;
-  Board board(machine, invocation.verbose);
+  Board board(hostOf(invocation), invocation.verbose);
   board.identify();
   board.collect();
   const std::string text = format.write(board);

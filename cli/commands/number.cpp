@@ -1,12 +1,11 @@
 #include "answer.h"
+#include "board_file.h"
 #include "command.h"
-#include "host/this_machine.h"
 
 namespace ovxid::cli::command {
 
 int number(const Invocation& invocation) {
-  const ThisMachine machine;
-  Board board(machine, invocation.verbose);
+  Board board(hostOf(invocation), invocation.verbose);
   board.identify();
   return answer(board, std::to_string(board.number()));
 }

@@ -1,17 +1,22 @@
+#include <string_view>
+
 #include "command.h"
 #include "exit_status.h"
-#include "record/directory.h"
-#include "record/records.h"
+#include "output.h"
+#include "output_file.h"
+#include "record/board.h"
+#include "recording/writer.h"
 
 namespace ovxid::cli::command {
 
 int record(const Invocation& invocation) {
-  RecordingDirectory directory(invocation.operands[0]);
-  Macs macs(invocation.has("no-mac"));
-  const std::string listing = recordWhatIsSaid(macs, directory);
-  recordInterfaces(wanInterfaceIn(listing), macs, directory);
-  recordFiles(directory);
-  directory.keep();
+  const std::string document = recording::documentOf(recordBoard(invocation.has("no-mac")));
+  const char* const file = invocation.option("output", "-");
+  if (std::string_view(file) == "-") {
+    print(document);
+  } else {
+    replaceFile(file, document, 0600);
+  }
   return exit_status::done.value;
 }
 

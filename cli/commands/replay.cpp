@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "command.h"
+#include "command_table.h"
 #include "diagnostics.h"
 #include "output.h"
 
@@ -45,7 +46,14 @@ void makePathLeadHere() {
 }  // namespace
 
 int replay(const Invocation& invocation) {
-  std::vector<char*> words = {program, endOfOptions};
+  const char* const catalogue = invocation.option(catalogueOption.name, nullptr);
+  std::string option =
+      std::string("--") + catalogueOption.name + "=" + (catalogue == nullptr ? "" : catalogue);
+  std::vector<char*> words = {program};
+  if (catalogue != nullptr) {
+    words.push_back(option.data());
+  }
+  words.push_back(endOfOptions);
   words.insert(words.end(), invocation.operands, invocation.operands + invocation.operandCount + 1);
   makePathLeadHere();
   const InheritedHandlers handlers;

@@ -1,27 +1,18 @@
 #include "explain/diagnosis.h"
 
-#include <cerrno>
+#include <optional>
 #include <string_view>
 #include <utility>
 
-#include "directory_listing.h"
-
 namespace ovxid::cli {
-
-namespace {
-
-// The device tree, in which the platform's node is.
-std::string rootOfTree() { return std::string(nodePath.substr(0, nodePath.rfind('/'))); }
-
-}  // namespace
 
 Diagnosis::Diagnosis(Board& identified) : board(identified) {
   identified.identify(trials);
   parameters = collectParameters(board.host(), board.number(), board.wholeName(), nullptr);
   hasDeviceTree = parameters.hasNode;
   if (!parameters.hasNode) {
-    std::optional<std::vector<std::string>> names = namesIn(rootOfTree());
-    hasDeviceTree = names || errno != ENOENT;
+    std::optional<std::vector<std::string>> names = board.host().nodesOfTree();
+    hasDeviceTree = names.has_value();
     nodes = std::move(names).value_or(std::vector<std::string>());
   }
 }

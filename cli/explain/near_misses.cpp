@@ -1,8 +1,8 @@
 #include <algorithm>
 
 #include "ascii.h"
+#include "encoding/utf8.h"
 #include "explain/remarks.h"
-#include "utf8.h"
 #include "visible.h"
 
 namespace ovxid::cli {

@@ -34,6 +34,7 @@ Properties propertiesOf(const Parameters& parameters) {
 
 std::vector<std::string> pathsOf(const std::vector<const Property*>& properties) {
   std::vector<std::string> paths;
+  paths.reserve(properties.size());
   for (const Property* const property : properties) {
     paths.push_back(property->path);
   }

@@ -3,9 +3,9 @@
 #include <nlohmann/json.hpp>
 
 #include "ascii.h"
+#include "encoding/hexadecimal.h"
+#include "encoding/utf8.h"
 #include "format.h"
-#include "hexadecimal.h"
-#include "utf8.h"
 #include "visible.h"
 
 namespace ovxid::cli::format {

@@ -1,7 +1,7 @@
 #include <ovxid/environment.h>
 
+#include "encoding/utf8.h"
 #include "format.h"
-#include "utf8.h"
 #include "visible.h"
 
 namespace ovxid::cli::format {

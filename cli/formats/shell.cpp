@@ -1,7 +1,6 @@
 #include <ovxid/environment.h>
 
 #include "format.h"
-#include "left_out.h"
 #include "shell_name.h"
 
 namespace ovxid::cli::format {

@@ -2,10 +2,9 @@
 
 #include <string_view>
 
+#include "encoding/utf8.h"
 #include "format.h"
-#include "left_out.h"
 #include "shell_name.h"
-#include "utf8.h"
 
 namespace ovxid::cli::format {
 

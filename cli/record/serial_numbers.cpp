@@ -1,7 +1,9 @@
 #include "record/serial_numbers.h"
 
 #include <algorithm>
-#include <cctype>
+#include <iterator>
+
+#include "ascii.h"
 
 namespace ovxid::cli {
 
@@ -11,12 +13,34 @@ bool beginsWith(std::string_view text, std::string_view beginning) {
   return text.substr(0, beginning.size()) == beginning;
 }
 
-// Such as "Serial : 12ab", where the line has no other field.
-std::size_t behindField(std::string_view line, std::string_view field) {
-  const auto colon = line.find_first_not_of(" \t", field.size());
-  const bool isField =
-      beginsWith(line, field) && colon != std::string_view::npos && line[colon] == ':';
-  return isField ? colon + 1 : std::string_view::npos;
+bool endsWith(std::string_view text, std::string_view end) {
+  return text.size() >= end.size() && text.substr(text.size() - end.size()) == end;
+}
+
+std::string toSmallLetters(std::string_view text) {
+  std::string result(text);
+  std::transform(result.begin(), result.end(), result.begin(), toSmall);
+  return result;
+}
+
+bool isOfSerialNumber(std::string_view field) {
+  constexpr std::string_view ends[] = {"serial",   "serial number", "serial no",
+                                       "serialno", "serial-number", "serial_number"};
+  const std::string name = toSmallLetters(field);
+  return name == "identification" ||
+         std::any_of(std::begin(ends), std::end(ends),
+                     [&](std::string_view end) { return endsWith(name, end); });
+}
+
+// Such as "Serial : 12ab" or "system serial number : K-12", where the line has no other field.
+std::size_t behindField(std::string_view line) {
+  const auto colon = line.find(':');
+  if (colon == std::string_view::npos) {
+    return std::string_view::npos;
+  }
+  const std::string_view field = line.substr(0, colon);
+  const auto end = field.find_last_not_of(" \t") + 1;
+  return isOfSerialNumber(field.substr(0, end)) ? colon + 1 : std::string_view::npos;
 }
 
 // Such as "processor 0: version = 00, identification = 12AB, machine = 2964".
@@ -26,15 +50,14 @@ std::size_t behindFieldOf(std::string_view line, std::string_view beginning,
   return at == std::string_view::npos ? at : at + field.size();
 }
 
-// Where the number of the machine begins: in lines of ARM's kernels, and in two of mainframes.
+// Where the number of the machine begins.
 std::size_t numberIn(std::string_view line) {
-  return std::min({behindField(line, "Serial"), behindField(line, "identification"),
-                   behindFieldOf(line, "processor ", "identification =")});
+  return std::min(behindField(line), behindFieldOf(line, "processor ", "identification ="));
 }
 
 void zero(std::string& text, std::size_t begin, std::size_t end) {
   for (std::size_t at = begin; at < end && text[at] != ','; ++at) {
-    if (std::isxdigit(static_cast<unsigned char>(text[at])) != 0) {
+    if (isDigit(text[at]) || isSmall(text[at]) || isCapital(text[at])) {
       text[at] = '0';
     }
   }

@@ -6,6 +6,7 @@
 #include <array>
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -58,6 +59,11 @@ using MacAddress = std::array<std::uint8_t, 6>;
 // if there is none.
 class Host {
  public:
+  Host() = default;
+  virtual ~Host() = default;
+  Host(const Host&) = delete;
+  Host& operator=(const Host&) = delete;
+
   virtual InputFile open(File file) const = 0;
 
   // Its release and its machine. Returns the error.
@@ -73,8 +79,8 @@ class Host {
   // Returns the error.
   virtual int macAddress(const std::string& interface, MacAddress& address) const = 0;
 
- protected:
-  ~Host() = default;
+  // The nodes of the device tree's root, as far as they are known. None if there is no device tree.
+  virtual std::optional<std::vector<std::string>> nodesOfTree() const = 0;
 };
 
 }  // namespace ovxid

@@ -8,6 +8,7 @@
 #include <cerrno>
 #include <cstring>
 
+#include "host/directory_listing.h"
 #include "host/query_socket.h"
 #include "host/tree_walk.h"
 
@@ -87,6 +88,16 @@ int ThisMachine::macAddress(const std::string& interface, MacAddress& address) c
   }
   std::memcpy(address.data(), request.ifr_hwaddr.sa_data, address.size());
   return 0;
+}
+
+// One that may not be read is there.
+std::optional<std::vector<std::string>> ThisMachine::nodesOfTree() const {
+  std::optional<std::vector<std::string>> names =
+      namesIn(std::string(nodePath.substr(0, nodePath.rfind('/'))));
+  if (!names && errno != ENOENT) {
+    return std::vector<std::string>();
+  }
+  return names;
 }
 
 }  // namespace ovxid

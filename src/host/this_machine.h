@@ -13,6 +13,7 @@ class ThisMachine : public Host {
   int walkNode(const std::function<void(const NodeEntry&)>& visit) const override;
   InterfaceList interfaces() const override;
   int macAddress(const std::string& interface, MacAddress& address) const override;
+  std::optional<std::vector<std::string>> nodesOfTree() const override;
 };
 
 }  // namespace ovxid

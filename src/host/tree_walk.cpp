@@ -16,7 +16,7 @@ struct Walk {
   std::exception_ptr thrown;
 };
 
-// nftw(3) gives what it calls no context. There is one walk at a time.
+// The walk under way: nftw(3) gives what it calls no context.
 Walk* walk = nullptr;
 
 // nftw(3) is C: an exception would pass through it without closing its directories, or end the
@@ -34,8 +34,9 @@ int visit(const char* path, const struct stat* status, int type, FTW* position) 
 
 int walkTree(const char* directory, const TreeVisitor& visitor) {
   Walk thisWalk{visitor, nullptr};
-  walk = &thisWalk;
+  Walk* const outer = std::exchange(walk, &thisWalk);
   const int result = nftw(directory, visit, maxOpenDirectories, 0);
+  walk = outer;
   if (thisWalk.thrown) {
     std::rethrow_exception(thisWalk.thrown);
   }

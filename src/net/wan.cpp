@@ -14,19 +14,6 @@ namespace {
 
 constexpr const char* loopback = "lo";
 
-// Bytes of 0x80 and above are sign-extended to 16 bits: board programs expect this form.
-std::string macText(const MacAddress& address) {
-  std::string text;
-  for (const std::uint8_t byte : address) {
-    const auto extended = static_cast<std::uint16_t>(static_cast<std::int8_t>(byte));
-    std::array<char, 4> digits{};
-    const std::to_chars_result written =
-        std::to_chars(digits.data(), digits.data() + digits.size(), extended, 16);
-    text.append(digits.data(), written.ptr);
-  }
-  return text;
-}
-
 int askForAddress(const Host& host, const std::string& interface, MacAddress& address) {
   // If it were cut, it could be the name of another interface, whose address would then be taken
   // for the board's.
@@ -37,6 +24,18 @@ int askForAddress(const Host& host, const std::string& interface, MacAddress& ad
 }
 
 }  // namespace
+
+std::string macText(const MacAddress& address) {
+  std::string text;
+  for (const std::uint8_t byte : address) {
+    const auto extended = static_cast<std::uint16_t>(byte < 0x80 ? byte : 0xff00 + byte);
+    std::array<char, 4> digits{};
+    const std::to_chars_result written =
+        std::to_chars(digits.data(), digits.data() + digits.size(), extended, 16);
+    text.append(digits.data(), written.ptr);
+  }
+  return text;
+}
 
 void searchWan(const Host& host, Collector& collector) {
   InterfaceList list = host.interfaces();

@@ -5,6 +5,10 @@
 
 namespace ovxid {
 
+// The address as board programs expect it: the bytes in hexadecimal, one after the other, where
+// those of 0x80 and above are sign-extended to 16 bits.
+std::string macText(const MacAddress& address);
+
 // Adds the WAN interface, if the host has one: the first that is not the loopback.
 void searchWan(const Host& host, Collector& collector);
 

@@ -26,6 +26,11 @@ struct Origin {
 // Takes the parameters one after the other.
 class Collector {
  public:
+  Collector() = default;
+  virtual ~Collector() = default;
+  Collector(const Collector&) = delete;
+  Collector& operator=(const Collector&) = delete;
+
   // The list to which they are appended, with what it had before.
   virtual const std::vector<ovx_param>& list() const = 0;
   virtual void add(std::string name, std::string value, const Origin& origin) = 0;
@@ -33,9 +38,6 @@ class Collector {
   virtual void leaveOut(std::string_view /*path*/) {}
   // A call that failed, and its error, as in errno.
   virtual void fail(const char* call, int error) = 0;
-
- protected:
-  ~Collector() = default;
 };
 
 // What a collection came to.

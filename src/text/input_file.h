@@ -19,7 +19,7 @@ class InputFile {
   // They have to be there as long as this.
   static InputFile ofBytes(std::string_view bytes, int error) { return {bytes, error}; }
   // A file that could not be opened, and why not, as in errno.
-  static InputFile unopened(int error) { return {error}; }
+  static InputFile unopened(int error) { return InputFile(error); }
   ~InputFile();
   InputFile(const InputFile&) = delete;
   InputFile& operator=(const InputFile&) = delete;
@@ -36,7 +36,7 @@ class InputFile {
 
  private:
   InputFile(std::string_view bytes, int error) : mIsOpen(true), mBytes(bytes), mErrorAtEnd(error) {}
-  InputFile(int error) : mError(error) {}
+  explicit InputFile(int error) : mError(error) {}
 
   ssize_t readFile(char* buffer, std::size_t size);
   ssize_t readBytes(char* buffer, std::size_t size);

@@ -12,6 +12,10 @@ using testing::StartsWith;
 
 namespace {
 
+constexpr const char* boardOptions =
+    "--board\tAsk a recorded board, or standard input, instead of this one\n"
+    "--catalogue\tRead this catalogue instead of the board's own\n";
+
 class Completion : public FrontEnd {
  protected:
   // What may stand in place of the last word.
@@ -73,7 +77,9 @@ TEST_F(Completion, NeedsAWord) {
 }
 
 TEST_F(Completion, OffersTheGeneralOptionsBeforeTheCommand) {
-  const Outcome general = offered(std::string(commonOptions) +
+  const std::string common(commonOptions);
+  const auto help = common.find("--help");
+  const Outcome general = offered(common.substr(0, help) + boardOptions + common.substr(help) +
                                   "--version\tPrint the version and exit\n"
                                   "-V\tPrint the version and exit\n");
   EXPECT_EQ(complete({"-"}), general);
@@ -82,9 +88,10 @@ TEST_F(Completion, OffersTheGeneralOptionsBeforeTheCommand) {
 }
 
 TEST_F(Completion, OffersTheOptionsOfACommandBehindIt) {
-  EXPECT_EQ(complete({"get", "-"}), offered(commonOptions));
-  EXPECT_EQ(complete({"get", "OVX_ID", "--"}), offered(commonOptions));
-  EXPECT_EQ(complete({"get", "-v="}), offered(commonOptions));
+  const Outcome ofGet = offered(boardOptions + std::string(commonOptions));
+  EXPECT_EQ(complete({"get", "-"}), ofGet);
+  EXPECT_EQ(complete({"get", "OVX_ID", "--"}), ofGet);
+  EXPECT_EQ(complete({"get", "-v="}), ofGet);
   EXPECT_EQ(complete({"run", "-v", "-"}), offered(commonOptions));
   EXPECT_EQ(complete({"list", "--output", "--", "-"}), complete({"list", "-"}));
   EXPECT_EQ(
@@ -92,7 +99,7 @@ TEST_F(Completion, OffersTheOptionsOfACommandBehindIt) {
       offered(std::string("--format\tChoose the format, plain if not given\n"
                           "--output\tWrite FILE instead of standard output, as a whole or not "
                           "at all\n") +
-              commonOptions));
+              boardOptions + commonOptions));
 }
 
 TEST_F(Completion, OffersTheWarningsOfTheHelp) {
@@ -138,7 +145,7 @@ TEST_F(Completion, OffersNothingWhenTheSearchForTheBoardFails) {
 
 TEST_F(Completion, LooksAtTheBoardForParametersOnly) {
   mBoard.cpuinfo("Hardware\t:\n");
-  EXPECT_EQ(complete({"get", "-"}), offered(commonOptions));
+  EXPECT_EQ(complete({"get", "-"}).status, 0);
   EXPECT_EQ(complete({"list", "--output", ""}).status, 0);
   EXPECT_EQ(complete({"run", ""}).status, 0);
 }
@@ -169,12 +176,21 @@ TEST_F(Completion, OffersFilesForARecording) {
   const Outcome files = {0, "files \n", ""};
   EXPECT_EQ(complete({"replay", ""}), files);
   EXPECT_EQ(complete({"replay", "--", ""}), files);
-  EXPECT_EQ(complete({"record", ""}), files);
+  EXPECT_EQ(complete({"--board", ""}), files);
+  EXPECT_EQ(complete({"explain", "--board", ""}), files);
+  EXPECT_EQ(complete({"record", "--output", ""}), files);
+  EXPECT_EQ(complete({"replay", "--catalogue", ""}), files);
+  EXPECT_EQ(complete({"replay", "--catalogue=a", "--", ""}), files);
+}
+
+TEST_F(Completion, OffersTheOptionsOfAReplayBeforeTheRecording) {
+  EXPECT_THAT(complete({"replay", "-"}).out, testing::HasSubstr("\n--catalogue\t"));
 }
 
 TEST_F(Completion, TellsWhereTheCommandLineOfAReplayedProgramBegins) {
   EXPECT_EQ(complete({"replay", "board", ""}), (Outcome{0, "program 2\n", ""}));
   EXPECT_EQ(complete({"replay", "board", "-"}), (Outcome{0, "program 2\n", ""}));
+  EXPECT_EQ(complete({"replay", "--catalogue", "a", "board", ""}), (Outcome{0, "program 4\n", ""}));
   EXPECT_EQ(complete({"replay", "board", "--", ""}), (Outcome{0, "program 3\n", ""}));
   EXPECT_EQ(complete({"replay", "board", "ls", "--", "-"}), (Outcome{0, "program 2\n", ""}));
   EXPECT_EQ(complete({"-v", "replay", "--", "board", "--", "ls", "a", ""}),

@@ -9,7 +9,7 @@ namespace {
 const std::string inCatalogue = " line in /etc/known_ovx_ids would make it known:\n  ";
 
 // The bytes that these tests have in a node, as the report shows them.
-std::string shown(const std::string& text) {
+std::string escapedBytes(const std::string& text) {
   std::string result;
   for (const char byte : text) {
     if (byte >= ' ' && byte <= '~') {
@@ -85,7 +85,8 @@ void ExplainNode::identify(const std::string& boardid, const std::string& number
 void ExplainNode::identify(const std::string& boardid, const std::string& number,
                            const std::string& description, const std::string& name) {
   mBoard.property("boardid", boardid).property("description", description);
-  mReport.says("device tree", "boardid " + shown(boardid) + ", description " + shown(description));
+  mReport.says("device tree",
+               "boardid " + escapedBytes(boardid) + ", description " + escapedBytes(description));
   mReport.identifiedBy("device tree",
                        "'" + name + "', number " + number + ": the device tree says so.");
 }

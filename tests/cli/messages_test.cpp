@@ -170,8 +170,8 @@ TEST_P(Diagnostic, ShowsAFileThatCannotBeWritten) {
             "ovxid: /" + mShown + "/x: No such file or directory\r\n");
 }
 
-TEST_P(Diagnostic, ShowsARecordingThatCannotBeMade) {
-  EXPECT_EQ(complaint({"record", "/" + mWord + "/x"}),
+TEST_P(Diagnostic, ShowsARecordingThatCannotBeRead) {
+  EXPECT_EQ(complaint({"explain", "--board", "/" + mWord + "/x"}),
             "ovxid: /" + mShown + "/x: No such file or directory\r\n");
 }
 

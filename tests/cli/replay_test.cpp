@@ -48,6 +48,22 @@ TEST_F(ReplayBesideIt, IsFoundThoughPathDoesNotLeadThere) {
             (Outcome{0, "/proc/prefix/bin:/usr/bin:/bin|--|board|uname|-r|", ""}));
 }
 
+TEST_F(ReplayBesideIt, IsHandedTheCatalogueAndTheWordsOfTheProgram) {
+  const Outcome outcome = inChild([] {
+    setenv("PATH", "/proc/prefix/bin", 1);
+    execl("/proc/prefix/bin/ovxid", "ovxid", "--catalogue", "one", "replay", "--catalogue=two",
+          "--", "-board", "--", "uname", "--catalogue", nullptr);
+    return 255;
+  });
+  EXPECT_EQ(outcome,
+            (Outcome{0, "/proc/prefix/bin|--catalogue=two|--|-board|--|uname|--catalogue|", ""}));
+}
+
+TEST_F(FrontEnd, ReplaysNothingWithoutARecording) {
+  EXPECT_EQ(ovxid({"replay"}),
+            (Outcome{2, "", "ovxid: replay: FILE is missing (see 'ovxid help replay')\n"}));
+}
+
 TEST_F(ReplayBesideIt, ChangesNoPathThatLeadsThere) {
   for (const char* path : {"/proc/prefix/bin", "/proc/prefix/bin:/bin", "/bin:/proc/prefix/bin"}) {
     EXPECT_EQ(replayWith(path), (Outcome{0, path + std::string("|--|board|uname|-r|"), ""}));

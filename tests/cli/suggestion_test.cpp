@@ -16,7 +16,6 @@ bool isSame(char one, char other) { return std::tolower(one) == std::tolower(oth
 std::size_t least(std::size_t one, std::size_t other) { return std::min(one, other); }
 
 // How many mistakes a typist has made, found by trying all of them.
-// NOLINTNEXTLINE(misc-no-recursion): of a few letters, it is the plainest way to say so
 std::size_t mistakes(std::string_view from, std::string_view to) {
   if (from.empty() || to.empty()) {
     return from.size() + to.size();

@@ -118,16 +118,24 @@ Words takeEveryWord(const std::string& command, Words words) {
 
 Request readWords(const Words& words) {
   const Known general{{"verbose", false}, {"help", false}};
-  const Known version{{"verbose", false}, {"help", false}, {"version", false}};
+  const Known asking{{"verbose", false}, {"help", false}, {"board", true}, {"catalogue", true}};
+  const Known version{{"verbose", false},
+                      {"help", false},
+                      {"version", false},
+                      {"board", true},
+                      {"catalogue", true}};
   const Known checking{{"verbose", false}, {"help", false}, {"ignore", true}};
-  const Known recording{{"verbose", false}, {"help", false}, {"no-mac", false}};
-  const Known listing{{"verbose", false}, {"help", false}, {"format", true}, {"output", true}};
+  const Known replaying{{"verbose", false}, {"help", false}, {"catalogue", true}};
+  const Known recording{{"verbose", false}, {"help", false}, {"no-mac", false}, {"output", true}};
+  const Known listing{{"verbose", false}, {"help", false}, {"format", true},
+                      {"output", true},   {"board", true}, {"catalogue", true}};
+  const std::set<std::string> asks{"get", "name", "number", "explain"};
   // How many operands each takes, at least and at most.
   const std::size_t any = words.size();
   const std::map<std::string, std::pair<std::size_t, std::size_t>> commands{
       {"list", {0, 0}},    {"get", {1, 1}},        {"name", {0, 0}},   {"number", {0, 0}},
       {"explain", {0, 0}}, {"check", {0, any}},    {"run", {1, any}},  {"shell", {0, any}},
-      {"help", {0, 1}},    {"complete", {1, any}}, {"record", {1, 1}}, {"replay", {0, any}}};
+      {"help", {0, 1}},    {"complete", {1, any}}, {"record", {0, 0}}, {"replay", {1, any}}};
   Request request{false, "", false, {}, {}};
   const Words rest = takeOptions(request, words.begin(), words.end(), version, false);
   request.command = rest.empty() ? "list" : rest.front();
@@ -136,14 +144,21 @@ Request readWords(const Words& words) {
     throw UsageError();
   }
   const Words own(rest.empty() ? rest.end() : rest.begin() + 1, rest.end());
-  const Known& known = request.command == "list"     ? listing
-                       : request.command == "check"  ? checking
-                       : request.command == "record" ? recording
-                                                     : general;
-  const bool takesEveryWord = request.command == "shell" || request.command == "replay";
-  request.operands = takesEveryWord ? takeEveryWord(request.command, own)
-                                    : takeOptions(request, own.begin(), own.end(), known,
-                                                  request.command != "run");
+  const Known& known = request.command == "list"          ? listing
+                       : request.command == "check"       ? checking
+                       : request.command == "record"      ? recording
+                       : request.command == "replay"      ? replaying
+                       : asks.count(request.command) != 0 ? asking
+                                                          : general;
+  for (const auto& [name, value] : request.options) {
+    if (known.count(name) == 0) {
+      throw UsageError();
+    }
+  }
+  const bool launches = request.command == "run" || request.command == "replay";
+  request.operands = request.command == "shell"
+                         ? takeEveryWord(request.command, own)
+                         : takeOptions(request, own.begin(), own.end(), known, !launches);
   const auto [least, most] = command->second;
   if (request.operands.size() < least || request.operands.size() > most) {
     throw UsageError();

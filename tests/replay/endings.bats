@@ -117,7 +117,7 @@ is_gone() {
 }
 
 @test "a comparison waits for its children although its caller ignores the end of them" {
-  ovxid record "$BATS_TEST_TMPDIR/here"
+  ovxid record >"$BATS_TEST_TMPDIR/here"
   run perl -e '$SIG{CHLD} = "IGNORE"; exec @ARGV' ovxid replay "$BATS_TEST_TMPDIR/here"
   [[ $output != *"No child processes"* && $status -ne 125 ]]
 }
@@ -161,7 +161,7 @@ is_gone() {
   eventually said_is ready
   eventually pgrep --parent "$replay" --exact ovxid-replay >/dev/null
   kill -KILL "$(pgrep --parent "$replay" --exact ovxid-replay)"
-  rm -r "$board"
+  rm "$board"
   ends_with 1
   expect 0 'uname: cannot get system name: Function not implemented' tail -n 1 "$said"
 }

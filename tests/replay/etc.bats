@@ -44,7 +44,7 @@ one' on_machine "$plain"'
 }
 
 @test "the machine's catalogue is not the board's" {
-  rm "$board/known_ovx_ids"
+  without catalogue
   expect 1 'cat: /etc/known_ovx_ids: No such file or directory' on_machine "$plain"'
     ovxid replay "$1" cat /etc/known_ovx_ids'
 }
@@ -100,4 +100,10 @@ one' on_machine "$layered"'
   expect 0 12 unshare --mount sh -c 'mount -t tmpfs etc /mnt && cp -a /etc/. /mnt && mount --bind /mnt /etc &&
     touch /etc/known_ovx_ids && mount --bind "$1" /etc/known_ovx_ids && shift && exec "$@"' - \
     "$BATS_TEST_TMPDIR/mounted" ovxid replay "$board" ovxid number
+}
+
+@test "what a program writes to /etc takes no more memory than settings do" {
+  expect 0 'no space' on_machine "$plain"'
+    ovxid replay "$1" -- sh -c "head -c 60M /dev/zero >/etc/one
+      head -c 10M /dev/zero 2>/dev/null >/etc/two || echo no space"'
 }

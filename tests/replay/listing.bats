@@ -14,7 +14,7 @@ setup() {
 }
 
 @test "a board lists its parameters in another order of its recording" {
-  printf '%s\n' wan io@1 io@1/label flag >"$board/device-tree.order"
+  with_node "$(property wan 'wan0\u0000')" "$card" "$(property flag '')"
   expect 0 'OVX_ID=12
 OVX_DESC=Kestrel
 OVX_WAN=wan0
@@ -23,14 +23,12 @@ OVX_FLAG=
 OVX_WAN_ID=52540abffff' list
 }
 
-@test "a property that somebody has added to the recording comes last" {
-  printf '%s\n' wan io@1 io@1/label flag >"$board/device-tree.order"
-  printf 'site' >"$board/device-tree/site"
-  expect 0 'OVX_ID=12
-OVX_DESC=Kestrel
-OVX_WAN=wan0
-OVX_LABEL=front
-OVX_FLAG=
-OVX_SITE=site
-OVX_WAN_ID=52540abffff' list
+@test "a recording of many properties is listed in its order" {
+  local i entries=() names=()
+  for i in {1..3000}; do
+    names+=("P$((i * 7919 % 3001))")
+    entries+=("$(property "${names[-1]}" '')")
+  done
+  with_node "${entries[@]}"
+  expect 0 "$(printf 'OVX_%s=\n' "${names[@]}")" on_board sh -c 'ovxid list | grep OVX_P'
 }

@@ -61,3 +61,11 @@ setup() {
   rmdir "$BATS_TEST_TMPDIR/folder"
   expect 0 12 on_board ovxid number
 }
+
+# shellcheck disable=SC2016  # The shell on the board replaces the variables.
+@test "the files of the board take as much memory as they need" {
+  local large
+  large=$(printf '%0500000d' 0)
+  with_node "$(property one "$large")" "$(property two "$large")" "$(property three "$large")"
+  expect 0 2 on_board sh -c 'echo $(($(stat -f -c "%b * %S" /proc) >> 20))'
+}

@@ -21,8 +21,8 @@ eth0 192.168.7.1' addresses
 }
 
 @test "addresses of every scope keep their order" {
-  printf '%s\n' 'lo 10.9.9.9 00:00:00:00:00:00' 'lo 127.0.0.1 00:00:00:00:00:00' \
-    'br 10.0.0.3 02:00:00:00:00:09' 'br 127.0.0.9 02:00:00:00:00:09' >"$board/interfaces"
+  with_interfaces 'lo 10.9.9.9 00:00:00:00:00:00' 'lo 127.0.0.1 00:00:00:00:00:00' \
+    'br 10.0.0.3 02:00:00:00:00:09' 'br 127.0.0.9 02:00:00:00:00:09'
   expect 0 'lo 10.9.9.9
 lo 127.0.0.1
 br 10.0.0.3
@@ -30,7 +30,7 @@ br 127.0.0.9' addresses
 }
 
 @test "the addresses of the loopback interface alone are of this host alone" {
-  printf '%s\n' 'lo 127.0.0.1 00:00:00:00:00:00' 'eth0 10.0.0.2 02:00:00:00:00:09' >"$board/interfaces"
+  with_interfaces 'lo 127.0.0.1 00:00:00:00:00:00' 'eth0 10.0.0.2 02:00:00:00:00:09'
   expect 0 'lo host
 eth0 global' on_board sh -c "ip -o -4 address | sed -E 's/^[0-9]+: ([^ ]+) .* scope ([a-z]+) .*/\1 \2/'"
 }
@@ -43,7 +43,7 @@ needs_tunnels() {
 
 @test "a tunnel has its address" {
   needs_tunnels
-  printf '%s\n' 'wwan0 10.0.0.1 00:00:00:00:00:00' 'eth0 10.0.0.2 02:00:00:00:00:09' >"$board/interfaces"
+  with_interfaces 'wwan0 10.0.0.1 00:00:00:00:00:00' 'eth0 10.0.0.2 02:00:00:00:00:09'
   expect 0 'wwan0 10.0.0.1
 eth0 10.0.0.2' addresses
 }
@@ -69,7 +69,7 @@ connected() {
 
 @test "a tunnel is connected" {
   needs_tunnels
-  printf '%s\n' 'wwan0 10.0.0.1 00:00:00:00:00:00' >"$board/interfaces"
+  with_interfaces 'wwan0 10.0.0.1 00:00:00:00:00:00'
   expect 0 'lo wwan0 UP LOWER_UP' connected
 }
 
@@ -93,19 +93,19 @@ connected() {
 }
 
 @test "an interface that is called like a word of ip is made" {
-  printf '%s\n' 'br 10.0.0.1 02:00:00:00:00:09' 'up 10.0.0.2 02:00:00:00:00:0a' >"$board/interfaces"
+  with_interfaces 'br 10.0.0.1 02:00:00:00:00:09' 'up 10.0.0.2 02:00:00:00:00:0a'
   expect 0 'br 10.0.0.1
 up 10.0.0.2' addresses
 }
 
 @test "an interface whose MAC address is not known has another one" {
-  echo 'eth1 10.0.0.5 -' >"$board/interfaces"
+  with_interfaces 'eth1 10.0.0.5 -'
   expect 0 'eth1 10.0.0.5' addresses
   expect 0 '' on_board sh -c 'ip -o link show eth1 | grep -q "00:00:00:00:00:00 brd"; test $? -eq 1'
 }
 
 @test "an interface without an address is there" {
-  echo 'eth1 - 02:00:00:00:00:09' >"$board/interfaces"
+  with_interfaces 'eth1 - 02:00:00:00:00:09'
   expect 0 '' addresses
   expect 0 02:00:00:00:00:09 on_board sh -c "ip -o link show eth1 | sed -E 's,.*link/ether ([^ ]+).*,\1,'"
 }
@@ -115,8 +115,16 @@ up 10.0.0.2' addresses
   local namespace=(unshare --mount)
   [[ $EUID -eq 0 ]] || namespace+=(--user --map-root-user)
   needs test -d /dev/net
-  printf '%s\n' 'wwan0 10.0.0.1 00:00:00:00:00:00' >"$board/interfaces"
+  with_interfaces 'wwan0 10.0.0.1 00:00:00:00:00:00'
   expect 125 "ovxid-replay: /dev/net/tun: No such file or directory (the board has a tunnel, wwan0: that takes the\
  kernel's module tun, and the right to open this device)" "${namespace[@]}" \
     sh -c 'mount -t tmpfs none /dev/net && exec ovxid replay "$1" true' - "$board"
+}
+
+@test "an interface has the first MAC address that is known of it" {
+  with_interfaces 'eth1 10.0.0.1 -' 'eth1:a 10.0.0.2 02:00:00:00:00:09' 'eth1:b 10.0.0.3 02:00:00:00:00:0a'
+  expect 0 'eth1 10.0.0.1
+eth1:a 10.0.0.2
+eth1:b 10.0.0.3' addresses
+  expect 0 02:00:00:00:00:09 on_board sh -c "ip -o link show eth1 | sed -E 's,.*link/ether ([^ ]+).*,\1,'"
 }

@@ -48,3 +48,15 @@ setup() {
 @test "a file that is no program cannot be run" {
   expect 126 'ovxid-replay: /etc/passwd: Permission denied' on_board /etc/passwd
 }
+
+@test "another catalogue takes the place of the board's" {
+  echo 'Kestrel:13:kestrel2' >"$BATS_TEST_TMPDIR/catalogue"
+  expect 0 13 ovxid replay --catalogue "$BATS_TEST_TMPDIR/catalogue" "$board" ovxid number
+  expect 0 13 ovxid-replay "--catalogue=$BATS_TEST_TMPDIR/catalogue" "$board" -- ovxid number
+}
+
+@test "another catalogue is read where that of the board may not be" {
+  with catalogue "$closed"
+  echo 'Kestrel:13:kestrel2' >"$BATS_TEST_TMPDIR/catalogue"
+  expect 0 13 ovxid replay --catalogue "$BATS_TEST_TMPDIR/catalogue" "$board" ovxid number
+}

@@ -8,123 +8,84 @@ setup() {
   make_board
 }
 
-unusable='not a name or label, an address and a MAC address that can be replayed'
-no_escape='a backslash is not followed by another one, by t, or by x and two hexadecimal digits'
+alone="for 'ovxid --board' alone"
 
-# refuses FOLDER COMPLAINT: it is not replayed, and no program runs.
+# refuses COMPLAINT [FILE]: it is not replayed, and no program runs.
 refuses() {
-  local ran=$BATS_TEST_TMPDIR/ran
-  expect 125 "ovxid-replay: $2" ovxid replay "$1" touch "$ran"
+  local ran=$BATS_TEST_TMPDIR/ran file=${2:-$board}
+  expect 125 "ovxid-replay: $file: $1" ovxid replay "$file" touch "$ran"
   [[ ! -e $ran ]] || {
     echo 'the program ran'
     return 1
   }
 }
 
-# refuses_line FILE LINE COMPLAINT: when this is all that the file holds.
-refuses_line() {
-  printf '%s\n' "$2" >"$board/$1"
-  refuses "$board" "$board/$1$3"
+@test "a folder is refused" {
+  refuses "a folder: a board is one file, as 'ovxid record' writes it" "$BATS_TEST_TMPDIR"
 }
 
-@test "a folder without a board is refused" {
-  refuses "$BATS_TEST_TMPDIR" "$BATS_TEST_TMPDIR: not a recorded board: it has no file 'machine'"
+@test "a file that is not there is refused" {
+  refuses 'No such file or directory' "$BATS_TEST_TMPDIR/no"
 }
 
-@test "an unknown key is refused" {
-  refuses_line machine 'colour=red' ":1: no such key: 'colour'"
+@test "a file without a name is refused" {
+  expect 125 "ovxid-replay: '': No such file or directory" ovxid replay '' true
 }
 
-@test "a machine without a release is refused" {
-  refuses_line machine 'machine=mips' ': no release, or no machine'
+@test "standard input is refused" {
+  expect 125 'ovxid-replay: -: standard input belongs to the program: give a file' ovxid replay - true <"$board"
 }
 
-@test "an escape that is none is refused" {
-  refuses_line machine 'release=6.1\xZZ' ":1: $no_escape"
+@test "a file that is no JSON is refused" {
+  echo 'format=1' >"$board"
+  refuses 'line 1, column 2: no JSON'
 }
 
-@test "an escape that is none is refused in a path" {
-  refuses_line device-tree.order 'wan\q' ":1: $no_escape"
+@test "a document that lacks something is refused" {
+  without release
+  refuses "/: has no 'release'"
 }
 
-@test "an interface without an address is refused" {
-  refuses_line interfaces 'eth0' ":1: $unusable"
+@test "a file that takes too much memory is refused" {
+  truncate --size=17M "$board"
+  refuses 'File too large'
 }
 
-@test "an address that is none is refused" {
-  refuses_line interfaces 'eth0 10.1 02:00:00:00:00:09' ":1: $unusable"
-}
-
-@test "a MAC address that is none is refused" {
-  refuses_line interfaces 'eth0 10.0.0.1 02:00' ":1: $unusable"
+@test "a way out of the node is refused" {
+  with_node "$(property .. '')"
+  refuses '/node/0/name: is no name of a property or a node'
 }
 
 @test "an interface name with commands for ip is refused" {
-  refuses_line interfaces 'x\x0alink eth0 10.0.0.1 02:00:00:00:00:09' ":1: $unusable"
+  with_interfaces 'x\nlink 10.0.0.1 02:00:00:00:00:09'
+  refuses "/interfaces/0/name: no interface here can be called so: $alone"
 }
 
-@test "a label that ip does not take is refused" {
-  refuses_line interfaces 'eth0:#x 10.0.0.1 02:00:00:00:00:09' ":1: $unusable"
+@test "a name that no file has is refused" {
+  with_node "$(property "$(printf '%0256d' 0)" '')"
+  refuses "/node/0/name: no file has a name of more than 255 bytes: $alone"
+}
+
+@test "a property that cannot be read to its end is refused" {
+  with_node '{"name": "wan", "value": {"read_error": "EIO"}}'
+  refuses "/node/0/value/read_error: no file here fails so when it is read: $alone"
 }
 
 @test "a MAC address that no interface can have is refused" {
   needs_namespaces
-  refuses_line interfaces 'eth0 10.0.0.1 01:00:00:00:00:00' \
-    ': RTNETLINK answers: Cannot assign requested address'
+  with_interfaces 'eth0 10.0.0.1 01:00:00:00:00:00'
+  refuses '/interfaces: RTNETLINK answers: Cannot assign requested address'
 }
 
 @test "an address that the kernel does not list is refused" {
   needs_namespaces
-  refuses_line interfaces 'eth0 0.0.0.0 02:00:00:00:00:09' \
-    ': the kernel here does not list these addresses in this order'
+  with_interfaces 'eth0 0.0.0.0 02:00:00:00:00:09'
+  refuses '/interfaces: the kernel here does not list these addresses in this order'
 }
 
-@test "a way out of the node is refused" {
-  refuses_line device-tree.order '../../etc/passwd' ":1: not a path below the directory: '../../etc/passwd'"
-}
-
-@test "a path of the machine is refused" {
-  refuses_line device-tree.order /etc/passwd ":1: not a path below the directory: '/etc/passwd'"
-}
-
-@test "a way out of the recording is refused" {
-  refuses_line machine 'unreadable=device-tree/../../x' \
-    ":1: not a path below the directory: 'device-tree/../../x'"
-}
-
-@test "a link is refused" {
-  ln -s /etc "$board/device-tree/link"
-  refuses "$board" "$board/device-tree/link: neither a file nor a directory"
-}
-
-@test "a pipe is refused" {
-  mkfifo "$board/pipe"
-  refuses "$board" "$board/pipe: neither a file nor a directory"
-}
-
-@test "a name of fifty thousand letters is refused" {
-  refuses_line interfaces "eth0:$(printf '%050000d' 0) 10.0.0.1 02:00:00:00:00:09" ":1: $unusable"
-}
-
-@test "a MAC address of fifty thousand bytes is refused" {
-  refuses_line interfaces "eth0 10.0.0.1 02$(printf '%.0s:00' {1..50000})" ":1: $unusable"
-}
-
-@test "names that the kernel or ip does not take are refused" {
-  local name
-  for name in sixteen-letters- .eth0 -eth0 eth0: :b eth0:a:b eth/0 eth0:sixteen-lette; do
-    refuses_line interfaces "$name 10.0.0.1 02:00:00:00:00:09" ":1: $unusable"
-  done
-}
-
-@test "MAC addresses that are none are refused" {
-  local mac
-  for mac in 02:00:00:00:00:0g 02:00:00:00:00:0A 02-00-00-00-00-09 02:00:00:00:00:0 02:00:00:00:00:09:0; do
-    refuses_line interfaces "eth0 10.0.0.1 $mac" ":1: $unusable"
-  done
-}
-
-@test "a file that takes too much memory is refused" {
-  truncate --size=17M "$board/cpuinfo"
-  expect 125 "ovxid-replay: $board/cpuinfo: is larger than 16 MiB" ovxid replay "$board" true
+@test "a catalogue that cannot be read is refused" {
+  expect 125 "ovxid-replay: $BATS_TEST_TMPDIR: Is a directory" \
+    ovxid replay --catalogue "$BATS_TEST_TMPDIR" "$board" true
+  expect 125 'ovxid-replay: -: standard input belongs to the program: give a file' \
+    ovxid replay --catalogue - "$board" true
 }

@@ -6,7 +6,7 @@ source "$BATS_TEST_DIRNAME/board.bash"
 
 setup() {
   place=$(mktemp --directory /tmp/ovxid-replay.XXXXXX)
-  board=$place/board
+  board=$place/board.json
   make_board
   cp "$build/libovxid.so.1" "$build/cli/ovxid" "$build/replay/ovxid-replay" "$namespaces" "$place"
   namespaces=$place/namespaces
@@ -60,19 +60,26 @@ needs_user() {
 $listing" as_user ovxid replay "$board" sh -c 'id -u; ovxid list | tr -d "\0"'
 }
 
-@test "a folder that may not be read is closed for a user" {
+@test "a node that may not be read is closed for a user" {
   needs_user
-  echo unreadable=device-tree/io@1 >>"$board/machine"
+  with_node "{\"name\": \"io@1\", \"content\": $closed}"
   expect 2 "ls: cannot open directory '/proc/device-tree/orvanix/io@1': Permission denied" \
     as_user ovxid replay "$board" ls /proc/device-tree/orvanix/io@1
 }
 
-@test "a folder that may not be read is not replayed by root, who would read it" {
+@test "a node that may not be read is not replayed by root, who would read it" {
   needs_root
   needs_namespaces
-  echo unreadable=device-tree/io@1 >>"$board/machine"
-  expect 125 "ovxid-replay: $board/device-tree/io@1: may not be read on the board,\
- but root reads it: replay it as another user" on_board true
+  with_node "{\"name\": \"io@1\", \"content\": $closed}"
+  expect 125 "ovxid-replay: $board: /node/0/content/open_error: root may read every node: replay it as another user" \
+    on_board true
+}
+
+@test "a node of the platform that may not be read is closed for a user" {
+  needs_user
+  with node "$closed"
+  expect 2 "ls: cannot open directory '/proc/device-tree/orvanix': Permission denied" \
+    as_user ovxid replay "$board" ls /proc/device-tree/orvanix
 }
 
 @test "root that may make no mounts replays a board" {
@@ -88,7 +95,7 @@ $listing" as_user ovxid replay "$board" sh -c 'id -u; ovxid list | tr -d "\0"'
   local rights=(setpriv --bounding-set=-net_admin)
   needs "${rights[@]}" true
   needs_namespaces
-  expect 125 "ovxid-replay: $board/interfaces: changing the network takes CAP_NET_ADMIN: Operation not permitted" \
+  expect 125 "ovxid-replay: $board: /interfaces: changing the network takes CAP_NET_ADMIN: Operation not permitted" \
     "${rights[@]}" ovxid replay "$board" true
 }
 

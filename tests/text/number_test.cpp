@@ -53,7 +53,6 @@ void expectNumberAsStreamsDo(const std::string& text) {
 }
 
 // Every text of up to so many of these characters.
-// NOLINTNEXTLINE(misc-no-recursion): no deeper than the longest text
 void forEachText(const std::string& alphabet, std::size_t longest,
                  const std::function<void(const std::string&)>& call,
                  const std::string& beginning = "") {

@@ -1,0 +1,109 @@
+#include "record/board.h"
+
+#include <net/if.h>
+
+#include <cerrno>
+#include <cstring>
+
+#include "board.h"
+#include "diagnostics.h"
+#include "host/this_machine.h"
+#include "net/wan.h"
+#include "params/names.h"
+#include "record/macs.h"
+#include "record/node.h"
+#include "record/said.h"
+#include "record/serial_numbers.h"
+#include "recording/addresses.h"
+#include "recording/limits.h"
+
+namespace ovxid::cli {
+
+namespace {
+
+// As the library asks for its list.
+constexpr std::size_t bytesOfInterfaceList = 1024;
+
+recording::Content contentOfFile(const Host& host, File file) {
+  InputFile input = host.open(file);
+  return contentOf(input, recording::limit::document);
+}
+
+void recordKernel(const Host& host, recording::Recording& recording) {
+  utsname kernel{};
+  recording.unameError = host.uname(kernel);
+  recording.release = static_cast<const char*>(kernel.release);
+  recording.machine = static_cast<const char*>(kernel.machine);
+}
+
+std::optional<recording::Mac> macOf(const Host& host, const std::string& interface, Macs& macs) {
+  MacAddress mac{};
+  if (host.macAddress(interface, mac) != 0) {
+    return std::nullopt;
+  }
+  return macs.written(mac);
+}
+
+// The kernel's list of addresses, and the WAN interface if it is not there.
+void recordInterfaces(const Host& host, const std::string& wan, Macs& macs,
+                      recording::Recording& recording) {
+  const auto addresses = recording::listedAddresses();
+  if (!addresses) {
+    throw Failure(exit_status::notRead, "interfaces", std::strerror(errno));
+  }
+  bool isListed = false;
+  for (const auto& [name, address] : *addresses) {
+    recording.interfaces.push_back({name, address, macOf(host, name, macs)});
+    isListed = isListed || name == wan;
+  }
+  if (const auto mac = isListed ? std::nullopt : macOf(host, wan, macs)) {
+    recording.interfaces.push_back({wan, std::nullopt, mac});
+  }
+  recording.interfaceRoom = bytesOfInterfaceList / sizeof(ifreq);
+}
+
+// Up to its first NUL byte, as the kernel is asked. None if there is none that it could be asked.
+std::string wanOf(const std::vector<ovx_param>& parameters) {
+  for (const ovx_param& each : parameters) {
+    if (each.name == parameter::wan) {
+      const std::string name = each.value.substr(0, each.value.find('\0'));
+      return name.size() < IFNAMSIZ ? name : "";
+    }
+  }
+  return "";
+}
+
+// The address in a listing is that of its first WAN interface.
+void hideMac(const Host& host, const std::string& wan, Macs& macs, recording::Said& said) {
+  MacAddress mac{};
+  if (host.macAddress(wan, mac) != 0) {
+    return;
+  }
+  const std::string beginning = std::string(parameter::wanMac) + "=";
+  const std::string line = beginning + macText(mac) + "\n";
+  if (const auto at = said.out.find(line); at != std::string::npos) {
+    said.out.replace(at, line.size(), beginning + macText(macs.written(mac)) + "\n");
+  }
+}
+
+}  // namespace
+
+recording::Recording recordBoard(bool madeUpMacs) {
+  const auto host = std::make_shared<ThisMachine>();
+  Macs macs(madeUpMacs);
+  recording::Recording recording;
+  recording.version = OVXID_VERSION;
+  recordKernel(*host, recording);
+  recordTree(recording);
+  recording.cpuinfo = contentOfFile(*host, File::cpuinfo);
+  recording.cpuinfo.bytes = withoutSerialNumbers(recording.cpuinfo.bytes);
+  recording.catalogue = contentOfFile(*host, File::catalogue);
+  WhatIsSaid listing = sayListing(host);
+  const std::string wan = wanOf(listing.parameters);
+  recordInterfaces(*host, wan, macs, recording);
+  hideMac(*host, wan, macs, listing.said);
+  recording.said = std::move(listing.said);
+  return recording;
+}
+
+}  // namespace ovxid::cli

@@ -1,0 +1,132 @@
+#include "record/node.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <array>
+#include <cerrno>
+
+#include "diagnostics.h"
+#include "host/directory_listing.h"
+#include "host/host.h"
+#include "recording/limits.h"
+
+namespace ovxid::cli {
+
+namespace {
+
+namespace limit = recording::limit;
+
+// std::filesystem on 32 bits knows no dates after 2038.
+bool isDirectory(const std::string& path) {
+  struct stat status {};
+  return stat(path.c_str(), &status) == 0 && S_ISDIR(status.st_mode);
+}
+
+[[noreturn]] void refuse(const std::string& path, const std::string& what, std::size_t most) {
+  throw Failure(exit_status::notRead, path,
+                "a recording holds no more than " + std::to_string(most) + " " + what);
+}
+
+recording::Content contentOfProperty(const std::string& path) {
+  InputFile file(path.c_str());
+  recording::Content content = contentOf(file, limit::value);
+  if (content.readError == EFBIG) {
+    refuse(path, "bytes of a property", limit::value);
+  }
+  return content;
+}
+
+// In the order of the kernel.
+class NodeRecorder {
+ public:
+  recording::Entry node(const std::string& path, std::string name, std::size_t depth) {
+    recording::Entry node;
+    node.name = std::move(name);
+    node.isNode = true;
+    if (depth > limit::depth) {
+      refuse(path, "levels of nodes", limit::depth);
+    }
+    std::optional<std::vector<std::string>> names;
+    if (access(path.c_str(), R_OK | X_OK) == 0) {
+      names = namesIn(path);
+    }
+    if (!names) {
+      node.value.openError = errno;
+      return node;
+    }
+    const std::string beginning = path + "/";
+    for (const std::string& each : *names) {
+      node.content.push_back(entry(beginning + each, each, depth));
+    }
+    return node;
+  }
+
+ private:
+  recording::Entry entry(const std::string& path, std::string name, std::size_t depth) {
+    if (++mCount > limit::properties) {
+      refuse(path, "properties", limit::properties);
+    }
+    if (isDirectory(path)) {
+      return node(path, std::move(name), depth + 1);
+    }
+    recording::Entry property;
+    property.name = std::move(name);
+    property.value = contentOfProperty(path);
+    return property;
+  }
+
+  std::size_t mCount = 0;
+};
+
+std::string rootOfTree() { return std::string(nodePath.substr(0, nodePath.rfind('/'))); }
+
+// A property of texts, each with a NUL byte behind it.
+std::vector<std::string> textsOf(const std::string& property) {
+  InputFile file((rootOfTree() + "/" + property).c_str());
+  std::string bytes = contentOf(file, limit::value).bytes;
+  std::vector<std::string> texts;
+  while (!bytes.empty()) {
+    const auto end = std::min(bytes.find('\0'), bytes.size());
+    texts.push_back(bytes.substr(0, end));
+    bytes.erase(0, end + 1);
+  }
+  return texts;
+}
+
+}  // namespace
+
+recording::Content contentOf(InputFile& file, std::size_t mostBytes) {
+  recording::Content content;
+  if (!file.isOpen()) {
+    content.openError = file.error();
+    return content;
+  }
+  std::array<char, 65536> part;
+  for (;;) {
+    const ssize_t count = file.read(part.data(), part.size());
+    if (count <= 0) {
+      content.readError = file.error();
+      return content;
+    }
+    content.bytes.append(part.data(), static_cast<std::size_t>(count));
+    if (content.bytes.size() > mostBytes) {
+      return {{}, 0, EFBIG};
+    }
+  }
+}
+
+void recordTree(recording::Recording& recording) {
+  recording.hasDeviceTree = isDirectory(rootOfTree());
+  for (const std::string& text : textsOf("model")) {
+    recording.model += text;
+  }
+  recording.compatible = textsOf("compatible");
+  const std::string path(nodePath);
+  if (isDirectory(path)) {
+    recording.node = NodeRecorder().node(path, "", 1);
+  }
+}
+
+}  // namespace ovxid::cli
