@@ -34,11 +34,13 @@ template <typename Read>
 auto readFrom(const char* path, Read read) {
   try {
     return read(path);
+    // GCOVR_EXCL_BR_START: std::bad_alloc goes on to main
   } catch (const recording::NotARecording& error) {
     throw Failure(exit_status::notRead, path, error.what());
   } catch (const std::system_error& error) {
     throw Failure(exit_status::notRead, path, std::strerror(error.code().value()));
   }
+  // GCOVR_EXCL_BR_STOP
 }
 
 std::string contentOfFile(const char* path) {

@@ -54,8 +54,10 @@ int main(int argc, char** argv) {
   } catch (const std::bad_alloc&) {  // GCOVR_EXCL_BR_LINE: nothing else is thrown
     ovxid::cli::tell(ovxid::cli::memoryComplaint);
     return ownFailure.value;
+    // GCOVR_EXCL_START: no test can make an error that should not happen
   } catch (const std::exception& error) {
     complain("internal error", error.what());
     return ownFailure.value;
   }
+  // GCOVR_EXCL_STOP
 }

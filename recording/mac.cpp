@@ -15,7 +15,10 @@ std::string textOf(const Mac& mac) {
   std::string text;
   for (const std::uint8_t byte : mac) {
     const auto part = static_cast<char>(byte);
-    text += (text.empty() ? "" : std::string{separator}) + hexadecimal({&part, 1});
+    if (!text.empty()) {
+      text += separator;
+    }
+    text += hexadecimal({&part, 1});
   }
   return text;
 }

@@ -33,8 +33,9 @@ void walk(const Entry& entry, const std::string& path, const Visit& visit) {
     visit(RecordedEntry(entry, path));
     return;
   }
+  const std::string beginning = path + (path.empty() ? "" : "/");
   for (const Entry& each : entry.content) {
-    walk(each, path.empty() ? each.name : path + "/" + each.name, visit);
+    walk(each, beginning + each.name, visit);
   }
 }
 

@@ -44,7 +44,7 @@ struct Interface {
 
 // What `ovxid -v list` did.
 struct Said {
-  int status;
+  int status = 0;
   std::string out;
   std::string err;
 };

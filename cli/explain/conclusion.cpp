@@ -10,10 +10,12 @@ namespace ovxid::cli {
 namespace {
 
 std::string decision(const Board& board) {
-  const HardwareIdentity* const match = board.match();
-  return "This board is " + shown(board.name()) + ", number " + std::to_string(board.number()) +
-         ": " + board.decidedBy()->decision + (match == nullptr ? "" : placeOf(*match, board)) +
-         ".\n";
+  std::string text = "This board is " + shown(board.name()) + ", number " +
+                     std::to_string(board.number()) + ": " + board.decidedBy()->decision;
+  if (board.match() != nullptr) {
+    text += placeOf(*board.match(), board);
+  }
+  return text + ".\n";
 }
 
 // Whether a line of the catalogue can hold this value.

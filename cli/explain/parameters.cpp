@@ -43,8 +43,11 @@ std::vector<std::string> pathsOf(const std::vector<const Property*>& properties)
 
 void remarkOnClosedNodes(const std::vector<std::string>& paths, Remarks& remarks) {
   for (const std::string& path : paths) {
-    remarks.push_back(shown(std::string(nodePath) + (path.empty() ? "" : "/") + path) +
-                      " cannot be read: what is in it gives no parameters.");
+    std::string whole(nodePath);
+    if (!path.empty()) {
+      whole.append("/").append(path);
+    }
+    remarks.push_back(shown(whole) + " cannot be read: what is in it gives no parameters.");
   }
 }
 

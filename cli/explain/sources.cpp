@@ -20,21 +20,28 @@ bool isPath(const char* from) { return *from == '/'; }
 
 // What a call answers is told by the answer, a file by its path.
 std::string subject(const Reading& reading) {
-  return isPath(reading.from) ? reading.from : visible(reading.bytes);
+  if (isPath(reading.from)) {
+    return reading.from;
+  }
+  return visible(reading.bytes);
 }
 
 std::string fileOfNode(const Reading& reading) {
   const std::string name(reading.from + nodePath.size() + 1);
-  return reading.error == 0 ? name + " " + shown(reading.bytes) : why(name.c_str(), reading.error);
+  if (reading.error != 0) {
+    return why(name.c_str(), reading.error);
+  }
+  return name + " " + shown(reading.bytes);
 }
 
 std::string lookUp(const LookUp& lookUp, const HardwareIdentity* match, const Board& board) {
   const std::string value = shown(lookUp.value);
+  if (match == nullptr && lookUp.amongNames) {
+    return value + ": no name and no alias in the catalogue";
+  }
   if (match == nullptr) {
-    return value + (lookUp.amongNames
-                        ? ": no name and no alias in the catalogue"
-                        : " is no alias of the " + count(board.catalogue().size(), "board") +
-                              " in the catalogue");
+    return value + " is no alias of the " + count(board.catalogue().size(), "board") +
+           " in the catalogue";
   }
   if (lookUp.amongNames && match->name == lookUp.value) {
     return value + " is the name of the board in " + placeOf(*match, board);
@@ -50,10 +57,11 @@ std::string textOf(const Trial& trial, const Board& board) {
   if (trial.note != nullptr) {
     return subject(first) + ": " + trial.note;
   }
+  if (trial.lookUp && trial.lookUp->field != nullptr) {
+    return std::string(trial.lookUp->field) + " " + lookUp(*trial.lookUp, trial.match, board);
+  }
   if (trial.lookUp) {
-    const char* const field = trial.lookUp->field;
-    return (field == nullptr ? subject(first) + ": " : std::string(field) + " ") +
-           lookUp(*trial.lookUp, trial.match, board);
+    return subject(first) + ": " + lookUp(*trial.lookUp, trial.match, board);
   }
   std::string text;
   for (const Reading& reading : trial.readings) {
@@ -90,8 +98,11 @@ std::string explainSources(const Diagnosis& diagnosis) {
   std::string rows;
   for (std::size_t i = 0; i < sources.size(); ++i) {
     const Trial& trial = diagnosis.trials[i];
-    const std::string text = textOf(trial, diagnosis.board);
-    rows += row(sources[i].title, diagnosis.isTried(trial) ? text : "not tried (" + text + ")");
+    std::string text = textOf(trial, diagnosis.board);
+    if (!diagnosis.isTried(trial)) {
+      text = "not tried (" + text + ")";
+    }
+    rows += row(sources[i].title, text);
   }
   return rows + row("catalogue", catalogue(diagnosis.board));
 }

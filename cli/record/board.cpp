@@ -66,8 +66,9 @@ void recordInterfaces(const Host& host, const std::string& wan, Macs& macs,
 std::string wanOf(const std::vector<ovx_param>& parameters) {
   for (const ovx_param& each : parameters) {
     if (each.name == parameter::wan) {
-      const std::string name = each.value.substr(0, each.value.find('\0'));
-      return name.size() < IFNAMSIZ ? name : "";
+      std::string name = each.value.substr(0, each.value.find('\0'));
+      name.resize(name.size() < IFNAMSIZ ? name.size() : 0);
+      return name;
     }
   }
   return "";
@@ -81,9 +82,8 @@ void hideMac(const Host& host, const std::string& wan, Macs& macs, recording::Sa
   }
   const std::string beginning = std::string(parameter::wanMac) + "=";
   const std::string line = beginning + macText(mac) + "\n";
-  if (const auto at = said.out.find(line); at != std::string::npos) {
-    said.out.replace(at, line.size(), beginning + macText(macs.written(mac)) + "\n");
-  }
+  // It is there, since the kernel has told the address.
+  said.out.replace(said.out.find(line), line.size(), beginning + macText(macs.written(mac)) + "\n");
 }
 
 }  // namespace

@@ -168,6 +168,7 @@ TEST_F(Completion, TellsWhereTheCommandLineOfAProgramBegins) {
 TEST_F(Completion, OffersFilesForAllWordsOfTheShell) {
   const Outcome files = {0, "files \n", ""};
   EXPECT_EQ(complete({"shell", ""}), files);
+  EXPECT_EQ(complete({"shell", "script", ""}), files);
   EXPECT_EQ(complete({"shell", "--he"}), files);
   EXPECT_EQ(complete({"shell", "--", "-c", "-"}), files);
 }

@@ -113,6 +113,12 @@ TEST_F(Explain, SaysNothingOfNearMissesOfTheSourceThatDecided) {
   EXPECT_EQ(explain(), mReport.remarkingNothing());
 }
 
+TEST_F(Explain, CountsTheLinesThatArePassedOverBeforeTheOneThatMatches) {
+  kernelIs("6.1.55-k2", "aarch64");
+  mBoard.catalogue("#\nKestrel:12:k2\n#\n");
+  EXPECT_THAT(explain().out, testing::HasSubstr("an alias of 'Kestrel' in line 2\n"));
+}
+
 // The end of the release is compared with aliases only, the Hardware value with names as well.
 TEST_F(ExplainKestrel, TellsWhichOtherBoardsWouldMatch) {
   kernelIs("6.1.55-k2", "aarch64");

@@ -1,3 +1,4 @@
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include "cli/explanation.h"
@@ -180,6 +181,13 @@ INSTANTIATE_TEST_SUITE_P(
                         "",
                         {"The description is of cells, but is read as text: the name is empty."}}),
     [](const auto& test) { return test.param.name; });
+
+// Of a boardid, no more is kept than people need.
+TEST_F(ExplainNode, ShowsTheBeginningOfALongBoardid) {
+  mBoard.property("boardid", std::string(70000, ' ') + "12").property("description", "Kestrel");
+  const Outcome outcome = explain();
+  EXPECT_THAT(outcome.out, testing::HasSubstr("This board is 'Kestrel', number 12"));
+}
 
 TEST_F(ExplainNode, TellsThatTheDescriptionIsMissing) {
   identify("12", "12");

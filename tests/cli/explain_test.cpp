@@ -111,6 +111,12 @@ TEST_F(Explain, TellsThatTheHardwareLineEndsAtItsColon) {
   EXPECT_EQ(explain(), mReport.remarking({noNode}));
 }
 
+TEST_F(Explain, KnowsThatThereIsADeviceTreeThatMayNotBeRead) {
+  mBoard.directory("/proc/device-tree").permissions("/proc/device-tree", 0);
+  obeysModes();
+  EXPECT_THAT(explain().out, testing::HasSubstr("\n- The device tree has no node /orvanix.\n"));
+}
+
 // Only a search that comes to it is ended by it.
 TEST_F(ExplainKestrel, TellsOfAHardwareLineThatIsNotTriedThatItEndsAtItsColon) {
   mBoard.cpuinfo("Hardware\t:\n");

@@ -60,6 +60,12 @@ TEST_F(OutputFile, IsReplacedByTheListing) {
   EXPECT_EQ(filesIn("/proc/out"), (std::set<std::string>{"listing"}));
 }
 
+TEST_F(OutputFile, IsReplacedWhereASignalIsIgnored) {
+  ignores(SIGTERM);
+  EXPECT_EQ(listTo("/proc/out/listing"), (Outcome{0, "", ""}));
+  EXPECT_EQ(contentOf("/proc/out/listing"), "OVX_WIFI=yes\n");
+}
+
 // After a loss of power there is the old content or the new one.
 TEST_F(OutputFile, IsOnTheDiskBeforeItTakesItsPlace) {
   const std::vector<std::string> calls = systemCallsOf(

@@ -1,3 +1,4 @@
+#include <fcntl.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <net/if.h>
@@ -229,12 +230,24 @@ TEST_F(Record, TellsThatTheKernelDidNotTell) {
   EXPECT_EQ(recorded().unameError, EFAULT);
 }
 
-TEST_F(Record, RefusesAPropertyThatIsTooLarge) {
+TEST_F(Record, RefusesAPropertyOfTooManyBytes) {
   mBoard.property("large", std::string((1U << 20) + 1, 'x'));
   EXPECT_EQ(ovxid({"record"}),
             (Outcome{4, "",
                      "ovxid: /proc/device-tree/orvanix/large: a recording holds no more than "
                      "1048576 bytes of a property\n"}));
+}
+
+TEST_F(Record, RefusesTooManyProperties) {
+  mBoard.node();
+  for (int number = 0; number <= 100000; ++number) {
+    const std::string path = std::string(nodePath) + "/" + std::to_string(number);
+    close(creat(path.c_str(), 0644));
+  }
+  const Outcome outcome = ovxid({"record"});
+  EXPECT_EQ(outcome.status, 4);
+  EXPECT_THAT(outcome.err,
+              testing::EndsWith(": a recording holds no more than 100000 properties\n"));
 }
 
 TEST_F(Record, RefusesNodesThatAreTooDeep) {
@@ -344,9 +357,9 @@ TEST_F(Record, KeepsWhatIsOnlyCalledLikeASerialNumber) {
 
 TEST_F(Record, LeavesOutASerialNumberOfAnyField) {
   mBoard.cpuinfo(
-      "Serial Number : 88\nsystem serial : K-99,x\nSYSTEM SERIAL NUMBER\t: kes7\nserialno: 5\n");
+      "Serial Number : 8{8\nsystem serial : K-99,x\nSYSTEM SERIAL NUMBER\t: kes7\nserialno: 5\n");
   EXPECT_EQ(recorded().cpuinfo.bytes,
-            "Serial Number : 00\nsystem serial : 0-00,x\nSYSTEM SERIAL NUMBER\t: 0000\n"
+            "Serial Number : 0{0\nsystem serial : 0-00,x\nSYSTEM SERIAL NUMBER\t: 0000\n"
             "serialno: 0\n");
 }
 

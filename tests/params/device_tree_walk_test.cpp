@@ -257,6 +257,16 @@ TEST(DeviceTreeWalk, AddsNothingForEntriesWithoutAReadableStatus) {
   EXPECT_EQ(listing(identifier), "OVX_WIFI=yes\n");
 }
 
+TEST(DeviceTreeWalk, PassesOverANodeThatMayNotBeReadWhenParametersAreCollected) {
+  Board board;
+  board.property("closed/secret", "x").property("wifi", "yes");
+  board.permissions(std::string(nodePath) + "/closed", 0);
+  OvxIdentifier identifier(nullptr);
+  const DroppedPrivileges dropped;
+  identifier.parse_params();
+  EXPECT_EQ(listing(identifier), "OVX_WIFI=yes\n");
+}
+
 TEST(DeviceTreeWalk, GivesAnEmptyValueForAPropertyThatMayNotBeRead) {
   Board board;
   board.property("secret", "x").permissions(std::string(nodePath) + "/secret", 0);

@@ -170,7 +170,7 @@ TEST(Reader, TellsWhereADocumentIsNoJson) {
   EXPECT_EQ(refusal("{\"format\": 1"), "line 1, column 12: no JSON");
 }
 
-TEST(Reader, TakesNoNumberThatIsTooLarge) {
+TEST(Reader, TakesNoNumberBeyondTheRange) {
   EXPECT_EQ(refusal("[1e999]"), "line 1, column 6: a number that is too large");
 }
 
@@ -194,7 +194,7 @@ TEST(Reader, TakesNoArchive) {
   EXPECT_NE(refusal(std::string(256, 'a') + "ustar"), archive);
 }
 
-TEST(Reader, TakesNoLargerDocument) {
+TEST(Reader, TakesNoDocumentOfMoreBytes) {
   std::string document = Document().text();
   document.resize(limit::document, ' ');
   EXPECT_EQ(refusal(document), "none");
@@ -373,7 +373,7 @@ TEST(Reader, TakesNoEntryWithoutNameOrContent) {
             "/node/0/content: is no array");
 }
 
-TEST(Reader, TakesNoLargerProperty) {
+TEST(Reader, TakesNoPropertyOfMoreBytes) {
   EXPECT_EQ(refusalWith("node", property(textOf(limit::value))), "none");
   EXPECT_EQ(refusalWith("node", property(textOf(limit::value + 1))),
             "/node/0/value: has more than 1048576 bytes");
