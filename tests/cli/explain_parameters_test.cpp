@@ -1,3 +1,4 @@
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <linux/sockios.h>
 #include <sys/socket.h>
@@ -57,6 +58,14 @@ TEST_F(ExplainParameters, TellsOfAPropertyThatCannotBeRead) {
   EXPECT_EQ(explain(), mReport.remarking({"The property 'secret' cannot be read (No such device or "
                                           "address): it sets 'OVX_SECRET' to ''."}));
   close(bound);
+}
+
+TEST_F(Explain, TellsThatTheNodeItselfCannotBeRead) {
+  mBoard.property("site", "hall").permissions(nodePath, 0);
+  obeysModes();
+  EXPECT_THAT(explain().out,
+              testing::HasSubstr("\n- '/proc/device-tree/orvanix' cannot be read: what is in it "
+                                 "gives no parameters.\n"));
 }
 
 TEST_F(ExplainParameters, TellsOfPropertiesThatAreCutAtANewline) {
