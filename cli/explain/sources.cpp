@@ -100,7 +100,7 @@ std::string explainSources(const Diagnosis& diagnosis) {
     const Trial& trial = diagnosis.trials[i];
     std::string text = textOf(trial, diagnosis.board);
     if (!diagnosis.isTried(trial)) {
-      text = "not tried (" + text + ")";
+      text.insert(0, "not tried (").append(")");
     }
     rows += row(sources[i].title, text);
   }
