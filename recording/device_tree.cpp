@@ -72,9 +72,8 @@ class TreeReader {
 
 // Not by libfdt's own search, which also takes a node whose name goes on behind a '@'.
 int platformNode(const void* tree) {
-  const std::string_view name = nodePath.substr(nodePath.rfind('/') + 1);
   int node = fdt_first_subnode(tree, rootNode);
-  while (node >= 0 && fdt_get_name(tree, node, nullptr) != name) {
+  while (node >= 0 && fdt_get_name(tree, node, nullptr) != nodeName) {
     node = fdt_next_subnode(tree, node);
   }
   return node;

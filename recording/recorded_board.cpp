@@ -39,11 +39,6 @@ void walk(const Entry& entry, const std::string& path, const Visit& visit) {
   }
 }
 
-// A label goes on behind a colon. The kernel answers for the interface.
-std::string_view interfaceOf(std::string_view nameOrLabel) {
-  return nameOrLabel.substr(0, nameOrLabel.find(':'));
-}
-
 }  // namespace
 
 InputFile RecordedBoard::open(File file) const {
@@ -53,7 +48,7 @@ InputFile RecordedBoard::open(File file) const {
     case File::catalogue:
       return inputOf(mRecording.catalogue);
     default:
-      return openInNode(pathOf(file) + nodePath.size() + 1);
+      return openInNode(belowNode(pathOf(file)));
   }
 }
 

@@ -42,6 +42,11 @@ struct Interface {
   std::optional<Mac> mac;
 };
 
+// The interface that a name or a label means, for which the kernel answers.
+inline std::string interfaceOf(const std::string& nameOrLabel) {
+  return nameOrLabel.substr(0, nameOrLabel.find(':'));
+}
+
 // What `ovxid -v list` did.
 struct Said {
   int status = 0;

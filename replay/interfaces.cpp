@@ -23,15 +23,13 @@ namespace ovxid::replay {
 
 namespace {
 
+using recording::interfaceOf;
+
 constexpr const char* tunnelDevice = "/dev/net/tun";
 // That every network has.
 constexpr const char* loopback = "lo";
 
 using Interfaces = std::vector<recording::Interface>;
-
-std::string interfaceOf(const std::string& nameOrLabel) {
-  return nameOrLabel.substr(0, nameOrLabel.find(':'));
-}
 
 // The other end of the cable, which has no address and so is in no list.
 std::string peerOf(std::size_t number) { return "ovxid-peer" + std::to_string(number); }

@@ -89,7 +89,7 @@ void makeDeviceTree(const recording::Recording& recording) {
   if (!recording.hasDeviceTree) {
     return;
   }
-  const std::string root(nodePath.substr(0, nodePath.rfind('/')));
+  const std::string root(treePath);
   makeDirectory(AT_FDCWD, root);
   if (recording.node) {
     makeNode(*recording.node, std::string(nodePath));

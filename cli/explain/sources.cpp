@@ -27,7 +27,7 @@ std::string subject(const Reading& reading) {
 }
 
 std::string fileOfNode(const Reading& reading) {
-  const std::string name(reading.from + nodePath.size() + 1);
+  const std::string name(belowNode(reading.from));
   if (reading.error != 0) {
     return why(name.c_str(), reading.error);
   }

@@ -34,15 +34,13 @@ std::vector<std::string> propertiesOfNode(const std::vector<Property>& propertie
 Remarks remarksOnSpelling(const Diagnosis& diagnosis) {
   Remarks remarks;
   if (!diagnosis.parameters.hasNode) {
-    remarkOnNameLike(std::string(nodePath.substr(nodePath.rfind('/') + 1)), diagnosis.nodes,
-                     "The device tree has a node", remarks);
+    remarkOnNameLike(std::string(nodeName), diagnosis.nodes, "The device tree has a node", remarks);
     return remarks;
   }
   for (const File file : {File::boardid, File::description}) {
     if (diagnosis.readingOf(file)->error == ENOENT) {
-      remarkOnNameLike(pathOf(file) + nodePath.size() + 1,
-                       propertiesOfNode(diagnosis.parameters.properties), "The node has a property",
-                       remarks);
+      remarkOnNameLike(belowNode(pathOf(file)), propertiesOfNode(diagnosis.parameters.properties),
+                       "The node has a property", remarks);
     }
   }
   return remarks;

@@ -19,9 +19,15 @@ namespace ovxid {
 enum class File { boardid, description, cpuinfo, catalogue };
 
 constexpr std::string_view nodePath = "/proc/device-tree/orvanix";
+// The device tree in which the node is, and the node's name there.
+constexpr std::string_view treePath = nodePath.substr(0, nodePath.rfind('/'));
+constexpr std::string_view nodeName = nodePath.substr(treePath.size() + 1);
 
 // Where a file is on a board.
 const char* pathOf(File file);
+
+// The part of a path that stands below the node.
+constexpr const char* belowNode(const char* path) { return path + nodePath.size() + 1; }
 
 // What a walk over the platform's node comes to: a property, or a node that cannot be read.
 class NodeEntry {

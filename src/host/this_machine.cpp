@@ -17,23 +17,20 @@ namespace ovxid {
 namespace {
 
 // The node itself has no path below it.
-std::string_view belowNode(std::string_view path) {
+std::string_view pathBelowNode(std::string_view path) {
   return path.substr(std::min(nodePath.size() + 1, path.size()));
 }
 
 class FileOfNode : public NodeEntry {
  public:
   FileOfNode(std::string_view path, std::size_t nameAt, bool isProperty)
-      : NodeEntry(belowNode(path), path.substr(nameAt), isProperty), mPath(path) {}
+      : NodeEntry(pathBelowNode(path), path.substr(nameAt), isProperty), mPath(path) {}
 
   InputFile open() const override { return InputFile(mPath.data()); }
 
  private:
   std::string_view mPath;
 };
-
-// Programs rely on how many interfaces are looked at, so the buffer does not grow.
-constexpr std::size_t listSize = 1024;
 
 std::string interfaceName(const ifreq& entry) {
   return {std::begin(entry.ifr_name),
@@ -60,7 +57,7 @@ int ThisMachine::walkNode(const std::function<void(const NodeEntry&)>& visit) co
 }
 
 InterfaceList ThisMachine::interfaces() const {
-  alignas(ifreq) std::array<char, listSize> buffer{};
+  alignas(ifreq) std::array<char, interfaceListSize> buffer{};
   ifconf list{};
   list.ifc_len = buffer.size();
   list.ifc_buf = buffer.data();
@@ -92,8 +89,7 @@ int ThisMachine::macAddress(const std::string& interface, MacAddress& address) c
 
 // One that may not be read is there.
 std::optional<std::vector<std::string>> ThisMachine::nodesOfTree() const {
-  std::optional<std::vector<std::string>> names =
-      namesIn(std::string(nodePath.substr(0, nodePath.rfind('/'))));
+  std::optional<std::vector<std::string>> names = namesIn(std::string(treePath));
   if (!names && errno != ENOENT) {
     return std::vector<std::string>();
   }

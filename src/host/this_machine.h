@@ -1,9 +1,15 @@
 #ifndef OVXID_HOST_THIS_MACHINE_H
 #define OVXID_HOST_THIS_MACHINE_H
 
+#include <cstddef>
+
 #include "host/host.h"
 
 namespace ovxid {
+
+// Of the kernel's list of interfaces, in bytes. Programs rely on how many interfaces are looked at,
+// so it does not grow.
+constexpr std::size_t interfaceListSize = 1024;
 
 // The machine on which the process runs.
 class ThisMachine : public Host {
