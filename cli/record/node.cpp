@@ -1,6 +1,5 @@
 #include "record/node.h"
 
-#include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -31,11 +30,7 @@ bool isDirectory(const std::string& path) {
 
 recording::Content contentOfProperty(const std::string& path) {
   InputFile file(path.c_str());
-  recording::Content content = contentOf(file, limit::value);
-  if (content.readError == EFBIG) {
-    refuse(path, "bytes of a property", limit::value);
-  }
-  return content;
+  return contentOf(file, path, "a property", limit::value);
 }
 
 // In the order of the kernel.
@@ -80,12 +75,9 @@ class NodeRecorder {
   std::size_t mCount = 0;
 };
 
-std::string rootOfTree() { return std::string(nodePath.substr(0, nodePath.rfind('/'))); }
-
 // A property of texts, each with a NUL byte behind it.
 std::vector<std::string> textsOf(const std::string& property) {
-  InputFile file((rootOfTree() + "/" + property).c_str());
-  std::string bytes = contentOf(file, limit::value).bytes;
+  std::string bytes = contentOfProperty(std::string(treePath) + "/" + property).bytes;
   std::vector<std::string> texts;
   while (!bytes.empty()) {
     const auto end = std::min(bytes.find('\0'), bytes.size());
@@ -97,7 +89,8 @@ std::vector<std::string> textsOf(const std::string& property) {
 
 }  // namespace
 
-recording::Content contentOf(InputFile& file, std::size_t mostBytes) {
+recording::Content contentOf(InputFile& file, const std::string& path, const std::string& what,
+                             std::size_t mostBytes) {
   recording::Content content;
   if (!file.isOpen()) {
     content.openError = file.error();
@@ -112,13 +105,13 @@ recording::Content contentOf(InputFile& file, std::size_t mostBytes) {
     }
     content.bytes.append(part.data(), static_cast<std::size_t>(count));
     if (content.bytes.size() > mostBytes) {
-      return {{}, 0, EFBIG};
+      refuse(path, "bytes of " + what, mostBytes);
     }
   }
 }
 
 void recordTree(recording::Recording& recording) {
-  recording.hasDeviceTree = isDirectory(rootOfTree());
+  recording.hasDeviceTree = isDirectory(std::string(treePath));
   for (const std::string& text : textsOf("model")) {
     recording.model += text;
   }

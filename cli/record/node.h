@@ -10,8 +10,10 @@ namespace ovxid::cli {
 // recording cannot hold.
 void recordTree(recording::Recording& recording);
 
-// The bytes of a file, or why they cannot be read. One that has more gives EFBIG.
-recording::Content contentOf(InputFile& file, std::size_t mostBytes);
+// The bytes of a file, or why they cannot be read. Throws Failure if it has more. Its path, and
+// what people call it, are for that.
+recording::Content contentOf(InputFile& file, const std::string& path, const std::string& what,
+                             std::size_t mostBytes);
 
 }  // namespace ovxid::cli
 

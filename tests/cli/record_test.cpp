@@ -238,6 +238,32 @@ TEST_F(Record, RefusesAPropertyOfTooManyBytes) {
                      "1048576 bytes of a property\n"}));
 }
 
+TEST_F(Record, RefusesACatalogueOfTooManyBytes) {
+  mBoard.catalogue(std::string((16U << 20) + 1, 'x'));
+  EXPECT_EQ(
+      ovxid({"record"}),
+      (Outcome{4, "",
+               "ovxid: /etc/known_ovx_ids: a recording holds no more than 16777216 bytes of a "
+               "file\n"}));
+}
+
+// Each byte of these stands in the document by six.
+TEST_F(Record, RefusesABoardWhoseDocumentNobodyWouldRead) {
+  mBoard.catalogue(std::string(3U << 20, '\1') + "\n");
+  EXPECT_EQ(ovxid({"record"}),
+            (Outcome{4, "", "ovxid: board: a recording holds no more than 16777216 bytes\n"}));
+}
+
+TEST_F(Record, HidesTheAddressBehindAPropertyThatLooksTheSame) {
+  mBoard.interface("eth0", "02:42:ac:11:0f:7f").property("wan", bytes("eth0\0"));
+  mBoard.property("wan_id", "242ffac11f7f");
+  const std::string listing = recorded({"--no-mac"}).said->out;
+  const std::string line = "OVX_WAN_ID=242ffac11f7f\n";
+  EXPECT_NE(listing.find(line), std::string::npos);
+  EXPECT_EQ(listing.find(line), listing.rfind(line));
+  EXPECT_NE(listing.substr(listing.size() - line.size()), line);
+}
+
 TEST_F(Record, RefusesTooManyProperties) {
   mBoard.node();
   for (int number = 0; number <= 100000; ++number) {
