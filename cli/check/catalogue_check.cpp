@@ -1,15 +1,27 @@
 #include "check/catalogue_check.h"
 
 #include <algorithm>
+#include <optional>
+#include <string>
 
 #include "catalogue/line.h"
 #include "check/earlier_boards.h"
 #include "check/line_checks.h"
-#include "text_file.h"
 
 namespace ovxid::cli {
 
 namespace {
+
+// Takes the next line off the text, without its newline. None when nothing is left: what follows
+// the last newline is a line unless it is empty.
+std::optional<std::string_view> takeLine(std::string_view& text) {
+  if (text.empty()) {
+    return std::nullopt;
+  }
+  const std::string_view line = text.substr(0, text.find('\n'));
+  text.remove_prefix(std::min(line.size() + 1, text.size()));
+  return line;
+}
 
 Line lineOf(std::size_t number, std::string_view text, std::int32_t boardNumber) {
   Line line{number, {}, boardNumber};
