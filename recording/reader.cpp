@@ -309,72 +309,94 @@ std::string placeOfByte(std::string_view document, std::size_t byte) {
   return "line " + std::to_string(line) + ", column " + std::to_string(column);
 }
 
-// Goes through a document before anything is made of it. The library could ask for permission while
-// it makes values, but then it looks at all that an array has whenever the array gets one more.
-class Inspection : public nlohmann::json_sax<Json> {
+// Makes the values of a document and stops at its limits. The JSON library's own way cannot stop
+// without looking at a whole array again for each value in it, and takes the last of equal keys.
+class Maker : public nlohmann::json_sax<Json> {
  public:
-  explicit Inspection(std::string_view document) : mDocument(document) {}
+  explicit Maker(std::string_view document) : mDocument(document) {}
 
-  bool null() override { return count(); }
-  bool boolean(bool /*value*/) override { return count(); }
-  bool number_integer(number_integer_t /*value*/) override { return count(); }
-  bool number_unsigned(number_unsigned_t /*value*/) override { return count(); }
-  bool number_float(number_float_t /*value*/, const string_t& /*text*/) override { return count(); }
-  bool string(string_t& /*value*/) override { return count(); }
+  Json take() { return std::move(mRoot); }
+
+  bool null() override { return add(nullptr); }
+  bool boolean(bool value) override { return add(value); }
+  bool number_integer(number_integer_t value) override { return add(value); }
+  bool number_unsigned(number_unsigned_t value) override { return add(value); }
+  bool number_float(number_float_t value, const string_t& /*text*/) override { return add(value); }
+  bool string(string_t& value) override { return add(std::move(value)); }
   // Only of formats that are no text.
   bool binary(binary_t& /*value*/) override { return false; }  // GCOVR_EXCL_LINE
 
-  bool start_object(std::size_t /*elements*/) override { return begin(); }
+  bool start_object(std::size_t /*elements*/) override { return begin(Json::object()); }
   bool key(string_t& name) override {
-    if (!mKeys.back().insert(name).second) {
+    if (!mOpen.back().keys.insert(name).second) {
       throw NotARecording("has a key twice in an object");
     }
+    mKey = std::move(name);
     return true;
   }
   bool end_object() override { return end(); }
-  bool start_array(std::size_t /*elements*/) override { return begin(); }
+  bool start_array(std::size_t /*elements*/) override { return begin(Json::array()); }
   bool end_array() override { return end(); }
 
   bool parse_error(std::size_t byte, const std::string& /*token*/,
                    const nlohmann::detail::exception& error) override {
     constexpr int numberOverflow = 406;
-    if (error.id == numberOverflow) {
-      throw NotARecording(placeOfByte(mDocument, byte) + ": a number that is too large");
-    }
-    throw NotARecording(placeOfByte(mDocument, byte) + ": no JSON");
+    const char* const why = error.id == numberOverflow ? "a number that is too large" : "no JSON";
+    throw NotARecording(placeOfByte(mDocument, byte) + ": " + why);
   }
 
  private:
-  bool count() {
+  // An array or an object that has not ended.
+  struct Open {
+    Json* value;
+    std::set<std::string> keys;
+  };
+
+  Json& place(Json value) {
     if (++mValues > limit::jsonValues) {
       throw NotARecording("has more than " + std::to_string(limit::jsonValues) + " values");
     }
+    if (mOpen.empty()) {
+      return mRoot = std::move(value);
+    }
+    Json& parent = *mOpen.back().value;
+    if (parent.is_array()) {
+      return parent.emplace_back(std::move(value));
+    }
+    // Without a search for the key: it is none of those before.
+    return parent.get_ref<Json::object_t&>()
+        .Container::emplace_back(std::move(mKey), std::move(value))
+        .second;
+  }
+  bool add(Json value) {
+    place(std::move(value));
     return true;
   }
-  bool begin() {
+  bool begin(Json value) {
     // Arrays and objects of the document, of each node, and of each text.
     constexpr std::size_t deepest = 2 * limit::depth + 8;
-    mKeys.emplace_back();
-    if (mKeys.size() > deepest) {
+    mOpen.push_back({&place(std::move(value)), {}});
+    if (mOpen.size() > deepest) {
       throw NotARecording("is deeper than " + std::to_string(deepest) + " arrays and objects");
     }
-    return count();
+    return true;
   }
   bool end() {
-    mKeys.pop_back();
+    mOpen.pop_back();
     return true;
   }
 
   std::string_view mDocument;
+  Json mRoot;
   std::size_t mValues = 0;
-  // Of each object that has begun. An array has none.
-  std::vector<std::set<std::string>> mKeys;
+  std::vector<Open> mOpen;
+  std::string mKey;
 };
 
 Json parse(std::string_view document) {
-  Inspection inspection(document);
-  Json::sax_parse(document.begin(), document.end(), &inspection);
-  return Json::parse(document.begin(), document.end());
+  Maker maker(document);
+  Json::sax_parse(document.begin(), document.end(), &maker);
+  return maker.take();
 }
 
 bool beginsWith(std::string_view text, std::string_view part) {
