@@ -25,5 +25,5 @@ row_of() {
 
 # cross_packages ARCHITECTURE: what compiles and links our packages for it on another machine.
 cross_packages() {
-  printf '%s\n' "crossbuild-essential-$1" "libfdt-dev:$1" "liblog4cpp5v5:$1" "libseccomp-dev:$1"
+  printf '%s\n' "crossbuild-essential-$1" "liblog4cpp5v5:$1" "libseccomp-dev:$1"
 }
