@@ -7,9 +7,9 @@
 #include <string_view>
 #include <typeinfo>
 
-#include "command_line.h"
-#include "diagnostics.h"
-#include "output.h"
+#include "command_line/command_line.h"
+#include "output/diagnostics.h"
+#include "output/output.h"
 
 namespace ovxid::cli {
 

@@ -4,25 +4,21 @@
 #include <net/if.h>
 #include <sys/ioctl.h>
 #include <sys/socket.h>
-#include <unistd.h>
 
 #include <algorithm>
 #include <array>
 #include <cstring>
 #include <iterator>
 
+#include "host/descriptor.h"
+
 namespace ovxid::recording {
 
 namespace {
 
 bool ask(ifconf& list) {
-  const int kernel = socket(AF_INET, SOCK_DGRAM | SOCK_CLOEXEC, 0);
-  if (kernel < 0) {
-    return false;
-  }
-  const bool answered = ioctl(kernel, SIOCGIFCONF, &list) == 0;
-  close(kernel);
-  return answered;
+  const Descriptor kernel(socket(AF_INET, SOCK_DGRAM | SOCK_CLOEXEC, 0));
+  return kernel.get() >= 0 && ioctl(kernel.get(), SIOCGIFCONF, &list) == 0;
 }
 
 ListedAddress entryOf(const ifreq& entry) {

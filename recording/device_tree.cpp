@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include "encoding/ascii.h"
 #include "host/host.h"
 #include "recording/limits.h"
 #include "recording/reader.h"
@@ -94,7 +95,7 @@ std::vector<std::string> textsOfRoot(const void* tree, const char* property) {
 
 bool isDeviceTree(std::string_view bytes) {
   constexpr std::string_view magic("\xd0\x0d\xfe\xed");
-  return bytes.substr(0, magic.size()) == magic;
+  return beginsWith(bytes, magic);
 }
 
 Recording readDeviceTree(std::string_view bytes) {

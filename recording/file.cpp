@@ -6,6 +6,7 @@
 #include <cerrno>
 #include <system_error>
 
+#include "host/descriptor.h"
 #include "recording/limits.h"
 #include "recording/reader.h"
 
@@ -26,30 +27,20 @@ bool readPart(int descriptor, std::string& bytes) {
   return count > 0;
 }
 
-class OpenFile {
- public:
-  explicit OpenFile(const std::string& path)
-      : mDescriptor(path == "-" ? dup(STDIN_FILENO) : open(path.c_str(), O_RDONLY | O_CLOEXEC)) {
-    if (mDescriptor < 0) {
-      throw std::system_error(errno, std::generic_category());
-    }
+Descriptor openFile(const std::string& path) {
+  Descriptor file(path == "-" ? dup(STDIN_FILENO) : open(path.c_str(), O_RDONLY | O_CLOEXEC));
+  if (file.get() < 0) {
+    throw std::system_error(errno, std::generic_category());
   }
-  ~OpenFile() { close(mDescriptor); }
-  OpenFile(const OpenFile&) = delete;
-  OpenFile& operator=(const OpenFile&) = delete;
-
-  int descriptor() const { return mDescriptor; }
-
- private:
-  int mDescriptor;
-};
+  return file;
+}
 
 }  // namespace
 
 std::string bytesOfFile(const std::string& path, std::size_t mostBytes) {
-  const OpenFile file(path);
+  const Descriptor file = openFile(path);
   std::string bytes;
-  while (readPart(file.descriptor(), bytes)) {
+  while (readPart(file.get(), bytes)) {
     if (bytes.size() > mostBytes) {
       throw std::system_error(EFBIG, std::generic_category());
     }

@@ -8,6 +8,7 @@
 #include <set>
 #include <vector>
 
+#include "encoding/ascii.h"
 #include "encoding/hexadecimal.h"
 #include "recording/errors.h"
 #include "recording/format.h"
@@ -397,10 +398,6 @@ Json parse(std::string_view document) {
   Maker maker(document);
   Json::sax_parse(document.begin(), document.end(), &maker);
   return maker.take();
-}
-
-bool beginsWith(std::string_view text, std::string_view part) {
-  return text.substr(0, part.size()) == part;
 }
 
 // What people give by mistake.

@@ -8,7 +8,7 @@
 #include <iostream>
 #include <string_view>
 
-#include "cli/visible.h"
+#include "encoding/visible.h"
 #include "replay/capture.h"
 #include "replay/complaint.h"
 #include "replay/failure.h"
@@ -32,7 +32,7 @@ std::string marked(const std::string& mark, std::string_view lines) {
   while (!lines.empty()) {
     const std::size_t end = std::min(lines.find('\n'), lines.size());
     const bool isWhole = end < lines.size();
-    text += mark + cli::visible(lines.substr(0, end)) + (isWhole ? "\n" : "\\\n");
+    text += mark + visible(lines.substr(0, end)) + (isWhole ? "\n" : "\\\n");
     lines.remove_prefix(isWhole ? end + 1 : end);
   }
   return text;
@@ -63,7 +63,7 @@ int compareWithBoard(const std::string& file, const recording::Said& said) {
   const std::string there = fileOf(textOf(said));
   const std::string here = fileOf(textOf(captured(listHere)));
   const recording::Said difference = captured([&] {
-    execlp("diff", "diff", "--text", "--unified", "--label", cli::visible(file).c_str(), "--label",
+    execlp("diff", "diff", "--text", "--unified", "--label", visible(file).c_str(), "--label",
            "here", there.c_str(), here.c_str(), nullptr);
     std::perror("diff");
     return notFound;

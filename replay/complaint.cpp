@@ -2,13 +2,13 @@
 
 #include <iostream>
 
-#include "cli/visible.h"
+#include "encoding/visible.h"
 #include "replay/failure.h"
 
 namespace ovxid::replay {
 
 void complain(const std::string& what, const std::string& why) {
-  std::cerr << "ovxid-replay: " + cli::visible(what) + ": " + cli::visible(why) + "\n";
+  std::cerr << "ovxid-replay: " + visible(what) + ": " + visible(why) + "\n";
 }
 
 int statusOf(const std::function<int()>& call) {

@@ -4,14 +4,14 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include "cli/descriptor.h"
+#include "host/descriptor.h"
 #include "replay/failure.h"
 
 namespace ovxid::replay {
 
 void makeFile(int directory, const std::string& name, std::string_view bytes) {
   constexpr mode_t everybody = 0666;
-  const cli::Descriptor file(
+  const Descriptor file(
       openat(directory, name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, everybody));
   require(file.get() >= 0, name);
   while (!bytes.empty()) {

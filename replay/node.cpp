@@ -5,7 +5,7 @@
 
 #include <filesystem>
 
-#include "cli/descriptor.h"
+#include "host/descriptor.h"
 #include "replay/failure.h"
 #include "replay/files.h"
 
@@ -35,7 +35,7 @@ class NodeMaker {
       return;
     }
     makeDirectory(parent, name);
-    const cli::Descriptor directory(
+    const Descriptor directory(
         openat(parent, name.c_str(), O_PATH | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
     require(directory.get() >= 0, name);
     const std::size_t count = node.content.size();

@@ -12,6 +12,13 @@ namespace ovxid::cli {
 
 namespace {
 
+namespace warning {
+constexpr Warning noNewline = warningNamed("no-newline");
+constexpr Warning emptyCatalogue = warningNamed("empty-catalogue");
+constexpr Warning emptyLine = warningNamed("empty-line");
+constexpr Warning comment = warningNamed("comment");
+}  // namespace warning
+
 // Takes the next line off the text, without its newline. None when nothing is left: what follows
 // the last newline is a line unless it is empty.
 std::optional<std::string_view> takeLine(std::string_view& text) {

@@ -1,11 +1,20 @@
 #include "check/earlier_boards.h"
 
 #include "check/line_checks.h"
-#include "visible.h"
+#include "encoding/visible.h"
 
 namespace ovxid::cli {
 
 namespace {
+
+namespace warning {
+constexpr Warning sameName = warningNamed("same-name");
+constexpr Warning sameNumber = warningNamed("same-number");
+constexpr Warning sameAlias = warningNamed("same-alias");
+constexpr Warning aliasIsName = warningNamed("alias-is-name");
+constexpr Warning nameIsAlias = warningNamed("name-is-alias");
+constexpr Warning unmatchable = warningNamed("unmatchable");
+}  // namespace warning
 
 std::string inLine(std::size_t number) { return " in line " + std::to_string(number); }
 

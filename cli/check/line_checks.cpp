@@ -4,14 +4,28 @@
 
 #include <algorithm>
 
-#include "ascii.h"
+#include "encoding/ascii.h"
 #include "encoding/utf8.h"
+#include "encoding/visible.h"
 #include "identity/well_known.h"
-#include "visible.h"
 
 namespace ovxid::cli {
 
 namespace {
+
+namespace warning {
+constexpr Warning byteOrderMark = warningNamed("byte-order-mark");
+constexpr Warning carriageReturn = warningNamed("carriage-return");
+constexpr Warning nul = warningNamed("nul");
+constexpr Warning comment = warningNamed("comment");
+constexpr Warning blanks = warningNamed("blanks");
+constexpr Warning quotes = warningNamed("quotes");
+constexpr Warning numberText = warningNamed("number-text");
+constexpr Warning reservedNumber = warningNamed("reserved-number");
+constexpr Warning pcAlias = warningNamed("pc-alias");
+constexpr Warning impossibleAlias = warningNamed("impossible-alias");
+constexpr Warning numericAlias = warningNamed("numeric-alias");
+}  // namespace warning
 
 constexpr std::string_view blanks = " \t\v\f";
 
@@ -20,13 +34,8 @@ std::string_view withoutReturn(std::string_view value) {
   return value.back() == '\r' ? value.substr(0, value.size() - 1) : value;
 }
 
-bool beginsWith(std::string_view value, std::string_view part) {
-  return value.substr(0, part.size()) == part;
-}
-
 bool beginsOrEnds(std::string_view value, std::string_view part) {
-  return value.size() >= part.size() &&
-         (beginsWith(value, part) || value.substr(value.size() - part.size()) == part);
+  return beginsWith(value, part) || endsWith(value, part);
 }
 
 bool hasBlanksAround(std::string_view value) {

@@ -5,14 +5,13 @@
 #include <system_error>
 
 #include "check/catalogue_check.h"
-#include "command.h"
-#include "diagnostics.h"
+#include "command_line/command.h"
+#include "command_line/named.h"
+#include "encoding/visible.h"
 #include "host/host.h"
-#include "messages.h"
-#include "named.h"
-#include "output.h"
+#include "output/diagnostics.h"
+#include "output/output.h"
 #include "recording/file.h"
-#include "visible.h"
 
 namespace ovxid::cli::command {
 

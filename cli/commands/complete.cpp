@@ -1,7 +1,7 @@
-#include "command.h"
-#include "completion.h"
-#include "exit_status.h"
-#include "output.h"
+#include "command_line/command.h"
+#include "command_line/completion.h"
+#include "output/exit_status.h"
+#include "output/output.h"
 
 namespace ovxid::cli::command {
 

@@ -1,10 +1,8 @@
-#include "board_file.h"
-#include "command.h"
-#include "exit_status.h"
-#include "explain/conclusion.h"
-#include "explain/remarks.h"
-#include "explain/sources.h"
-#include "output.h"
+#include "board/board_file.h"
+#include "command_line/command.h"
+#include "explain/report.h"
+#include "output/exit_status.h"
+#include "output/output.h"
 
 namespace ovxid::cli::command {
 

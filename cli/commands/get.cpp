@@ -3,12 +3,12 @@
 #include <algorithm>
 #include <iterator>
 
-#include "board.h"
-#include "board_file.h"
-#include "command.h"
-#include "diagnostics.h"
-#include "output.h"
-#include "suggestion.h"
+#include "board/board.h"
+#include "board/board_file.h"
+#include "command_line/command.h"
+#include "command_line/suggestion.h"
+#include "output/diagnostics.h"
+#include "output/output.h"
 
 namespace ovxid::cli::command {
 

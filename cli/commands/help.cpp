@@ -1,8 +1,8 @@
-#include "help.h"
+#include "command_line/help.h"
 
-#include "command_table.h"
-#include "exit_status.h"
-#include "output.h"
+#include "command_line/command_table.h"
+#include "output/exit_status.h"
+#include "output/output.h"
 
 namespace ovxid::cli::command {
 

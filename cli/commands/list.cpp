@@ -1,12 +1,12 @@
 #include <string_view>
 
-#include "board.h"
-#include "board_file.h"
-#include "command.h"
-#include "exit_status.h"
-#include "format.h"
-#include "output.h"
-#include "output_file.h"
+#include "board/board.h"
+#include "board/board_file.h"
+#include "command_line/command.h"
+#include "formats/format.h"
+#include "output/exit_status.h"
+#include "output/output.h"
+#include "output/output_file.h"
 
 namespace ovxid::cli::command {
 

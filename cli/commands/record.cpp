@@ -1,9 +1,9 @@
 #include <string_view>
 
-#include "command.h"
-#include "diagnostics.h"
-#include "output.h"
-#include "output_file.h"
+#include "command_line/command.h"
+#include "output/diagnostics.h"
+#include "output/output.h"
+#include "output/output_file.h"
 #include "record/board.h"
 #include "recording/limits.h"
 #include "recording/writer.h"

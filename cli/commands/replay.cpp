@@ -10,10 +10,10 @@
 #include <string>
 #include <vector>
 
-#include "command.h"
-#include "command_table.h"
-#include "diagnostics.h"
-#include "output.h"
+#include "command_line/command.h"
+#include "command_line/command_table.h"
+#include "output/diagnostics.h"
+#include "output/output.h"
 
 namespace ovxid::cli::command {
 

@@ -1,9 +1,8 @@
-#include "explain/conclusion.h"
-
 #include <algorithm>
 
 #include "catalogue/line.h"
-#include "visible.h"
+#include "encoding/visible.h"
+#include "explain/report.h"
 
 namespace ovxid::cli {
 

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "board.h"
+#include "board/board.h"
 
 namespace ovxid::cli {
 

@@ -1,9 +1,9 @@
 #include <algorithm>
 
-#include "ascii.h"
-#include "explain/remarks.h"
+#include "encoding/ascii.h"
+#include "encoding/visible.h"
+#include "explain/report.h"
 #include "identity/lookup.h"
-#include "visible.h"
 
 namespace ovxid::cli {
 

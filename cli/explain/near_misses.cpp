@@ -1,9 +1,9 @@
 #include <algorithm>
 
-#include "ascii.h"
+#include "encoding/ascii.h"
 #include "encoding/utf8.h"
-#include "explain/remarks.h"
-#include "visible.h"
+#include "encoding/visible.h"
+#include "explain/report.h"
 
 namespace ovxid::cli {
 
@@ -14,12 +14,6 @@ struct Difference {
   const char* what;
   std::string (*leaveOut)(std::string_view text);
 };
-
-std::string toSmallLetters(std::string_view text) {
-  std::string result(text);
-  std::transform(result.begin(), result.end(), result.begin(), toSmall);
-  return result;
-}
 
 std::string without(std::string_view text, std::string_view part) {
   std::string result(text);

@@ -3,11 +3,11 @@
 #include <cerrno>
 #include <charconv>
 
-#include "ascii.h"
-#include "explain/remarks.h"
+#include "encoding/ascii.h"
+#include "encoding/visible.h"
+#include "explain/report.h"
 #include "identity/sources.h"
 #include "identity/well_known.h"
-#include "visible.h"
 
 namespace ovxid::cli {
 

@@ -7,11 +7,11 @@
 #include <optional>
 #include <set>
 
-#include "explain/remarks.h"
+#include "encoding/visible.h"
+#include "explain/report.h"
+#include "formats/format.h"
 #include "identity/well_known.h"
 #include "params/names.h"
-#include "shell_name.h"
-#include "visible.h"
 
 namespace ovxid::cli {
 

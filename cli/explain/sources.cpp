@@ -1,8 +1,7 @@
-#include "explain/sources.h"
-
 #include <cstring>
 
-#include "visible.h"
+#include "encoding/visible.h"
+#include "explain/report.h"
 
 namespace ovxid::cli {
 

@@ -1,9 +1,9 @@
 #include <algorithm>
 #include <cerrno>
 
-#include "explain/remarks.h"
-#include "suggestion.h"
-#include "visible.h"
+#include "command_line/suggestion.h"
+#include "encoding/visible.h"
+#include "explain/report.h"
 
 namespace ovxid::cli {
 

@@ -1,7 +1,7 @@
 #include <cerrno>
 #include <cstring>
 
-#include "explain/remarks.h"
+#include "explain/report.h"
 #include "identity/sources.h"
 
 namespace ovxid::cli {

@@ -2,11 +2,11 @@
 
 #include <nlohmann/json.hpp>
 
-#include "ascii.h"
+#include "encoding/ascii.h"
 #include "encoding/hexadecimal.h"
 #include "encoding/utf8.h"
-#include "format.h"
-#include "visible.h"
+#include "encoding/visible.h"
+#include "formats/format.h"
 
 namespace ovxid::cli::format {
 

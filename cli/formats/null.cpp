@@ -1,6 +1,6 @@
 #include <ovxid/environment.h>
 
-#include "format.h"
+#include "formats/format.h"
 
 namespace ovxid::cli::format {
 

@@ -1,4 +1,4 @@
-#include "format.h"
+#include "formats/format.h"
 #include "params/list.h"
 
 namespace ovxid::cli::format {

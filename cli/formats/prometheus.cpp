@@ -1,8 +1,8 @@
 #include <ovxid/environment.h>
 
 #include "encoding/utf8.h"
-#include "format.h"
-#include "visible.h"
+#include "encoding/visible.h"
+#include "formats/format.h"
 
 namespace ovxid::cli::format {
 

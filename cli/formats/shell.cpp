@@ -1,7 +1,6 @@
 #include <ovxid/environment.h>
 
-#include "format.h"
-#include "shell_name.h"
+#include "formats/format.h"
 
 namespace ovxid::cli::format {
 

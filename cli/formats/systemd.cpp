@@ -3,8 +3,7 @@
 #include <string_view>
 
 #include "encoding/utf8.h"
-#include "format.h"
-#include "shell_name.h"
+#include "formats/format.h"
 
 namespace ovxid::cli::format {
 

@@ -4,15 +4,17 @@
 
 #include <cerrno>
 #include <cstring>
+#include <utility>
 
-#include "board.h"
-#include "diagnostics.h"
+#include "board/board.h"
+#include "formats/format.h"
 #include "host/this_machine.h"
 #include "net/wan.h"
+#include "output/diagnostics.h"
+#include "output/output.h"
 #include "params/names.h"
 #include "record/macs.h"
 #include "record/node.h"
-#include "record/said.h"
 #include "record/serial_numbers.h"
 #include "recording/addresses.h"
 #include "recording/limits.h"
@@ -86,6 +88,30 @@ void hideMac(const Host& host, const std::string& wan, Macs& macs, recording::Sa
   }
 }
 
+// What `ovxid -v list` does here, and the parameters that it lists.
+struct Listing {
+  recording::Said said;
+  std::vector<ovx_param> parameters;
+};
+
+Listing listHere(std::shared_ptr<const Host> host) {
+  constexpr std::string_view messageOfCpuinfo = "debug: Cpuinfo line: ";
+  Listing listing;
+  const KeptErrors kept(listing.said.err);
+  Board board(std::move(host), true);
+  try {
+    board.identify();
+    board.collect();
+    listing.said.out = formatNamed(defaultFormat).write(board);
+  } catch (const Failure& failure) {  // GCOVR_EXCL_BR_LINE: std::bad_alloc goes on to main
+    complain(failure.subject(), failure.what());
+    listing.said.status = failure.status();
+  }
+  listing.said.err = withoutSerialNumbers(listing.said.err, messageOfCpuinfo);
+  listing.parameters = board.parameters();
+  return listing;
+}
+
 }  // namespace
 
 recording::Recording recordBoard(bool madeUpMacs) {
@@ -98,7 +124,7 @@ recording::Recording recordBoard(bool madeUpMacs) {
   recording.cpuinfo = contentOfFile(*host, File::cpuinfo);
   recording.cpuinfo.bytes = withoutSerialNumbers(recording.cpuinfo.bytes);
   recording.catalogue = contentOfFile(*host, File::catalogue);
-  WhatIsSaid listing = sayListing(host);
+  Listing listing = listHere(host);
   const std::string wan = wanOf(listing.parameters);
   recordInterfaces(*host, wan, macs, recording);
   hideMac(*host, wan, macs, listing.said);

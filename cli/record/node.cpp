@@ -6,9 +6,9 @@
 #include <array>
 #include <cerrno>
 
-#include "diagnostics.h"
 #include "host/directory_listing.h"
 #include "host/host.h"
+#include "output/diagnostics.h"
 #include "recording/limits.h"
 
 namespace ovxid::cli {

@@ -3,25 +3,11 @@
 #include <algorithm>
 #include <iterator>
 
-#include "ascii.h"
+#include "encoding/ascii.h"
 
 namespace ovxid::cli {
 
 namespace {
-
-bool beginsWith(std::string_view text, std::string_view beginning) {
-  return text.substr(0, beginning.size()) == beginning;
-}
-
-bool endsWith(std::string_view text, std::string_view end) {
-  return text.size() >= end.size() && text.substr(text.size() - end.size()) == end;
-}
-
-std::string toSmallLetters(std::string_view text) {
-  std::string result(text);
-  std::transform(result.begin(), result.end(), result.begin(), toSmall);
-  return result;
-}
 
 bool isOfSerialNumber(std::string_view field) {
   constexpr std::string_view ends[] = {"serial",   "serial number", "serial no",

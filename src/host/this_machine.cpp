@@ -3,13 +3,14 @@
 #include <ftw.h>
 #include <net/if.h>
 #include <sys/ioctl.h>
+#include <sys/socket.h>
 
 #include <algorithm>
 #include <cerrno>
 #include <cstring>
 
+#include "host/descriptor.h"
 #include "host/directory_listing.h"
-#include "host/query_socket.h"
 #include "host/tree_walk.h"
 
 namespace ovxid {
@@ -31,6 +32,9 @@ class FileOfNode : public NodeEntry {
  private:
   std::string_view mPath;
 };
+
+// Through which the kernel answers questions about its interfaces.
+Descriptor querySocket() { return Descriptor(socket(AF_INET, SOCK_DGRAM, 0)); }
 
 std::string interfaceName(const ifreq& entry) {
   return {std::begin(entry.ifr_name),
@@ -62,11 +66,11 @@ InterfaceList ThisMachine::interfaces() const {
   list.ifc_len = buffer.size();
   list.ifc_buf = buffer.data();
 
-  const QuerySocket kernel;
-  if (kernel.descriptor() < 0) {
+  const Descriptor kernel = querySocket();
+  if (kernel.get() < 0) {
     return {{}, "socket", errno};
   }
-  if (ioctl(kernel.descriptor(), SIOCGIFCONF, &list) < 0) {
+  if (ioctl(kernel.get(), SIOCGIFCONF, &list) < 0) {
     return {{}, "ioctl(SIOCGIFCONF)", errno};
   }
   InterfaceList interfaces;
@@ -79,8 +83,8 @@ int ThisMachine::macAddress(const std::string& interface, MacAddress& address) c
   ifreq request{};
   interface.copy(static_cast<char*>(request.ifr_name), sizeof request.ifr_name - 1);
   // Not checked: without a socket the request fails, with the error that programs expect.
-  const QuerySocket kernel;
-  if (ioctl(kernel.descriptor(), SIOCGIFHWADDR, &request) < 0) {
+  const Descriptor kernel = querySocket();
+  if (ioctl(kernel.get(), SIOCGIFHWADDR, &request) < 0) {
     return errno;
   }
   std::memcpy(address.data(), request.ifr_hwaddr.sa_data, address.size());

@@ -14,19 +14,13 @@ constexpr std::size_t mostKept = 65536;
 
 }  // namespace
 
-InputFile::InputFile(const char* path) : mDescriptor(open(path, O_RDONLY | O_CLOEXEC)) {
-  mIsOpen = mDescriptor >= 0;
+InputFile::InputFile(const char* path) : mFile(open(path, O_RDONLY | O_CLOEXEC)) {
+  mIsOpen = mFile.get() >= 0;
   mError = mIsOpen ? 0 : errno;
 }
 
-InputFile::~InputFile() {
-  if (mDescriptor >= 0) {
-    close(mDescriptor);
-  }
-}
-
 ssize_t InputFile::read(char* buffer, std::size_t size) {
-  const ssize_t count = mDescriptor < 0 ? readBytes(buffer, size) : readFile(buffer, size);
+  const ssize_t count = mFile.get() < 0 ? readBytes(buffer, size) : readFile(buffer, size);
   if (count > 0 && mBeginning != nullptr && mBeginning->size() < mostKept) {
     mBeginning->append(buffer, static_cast<std::size_t>(count));
   }
@@ -36,7 +30,7 @@ ssize_t InputFile::read(char* buffer, std::size_t size) {
 ssize_t InputFile::readFile(char* buffer, std::size_t size) {
   ssize_t count = 0;
   do {
-    count = ::read(mDescriptor, buffer, size);
+    count = ::read(mFile.get(), buffer, size);
   } while (count < 0 && errno == EINTR);
   if (count < 0) {
     mError = errno;

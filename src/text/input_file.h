@@ -7,6 +7,8 @@
 #include <string>
 #include <string_view>
 
+#include "host/descriptor.h"
+
 namespace ovxid {
 
 // The bytes of a file: of one that is open for reading and is closed when it goes out of scope, or
@@ -20,9 +22,6 @@ class InputFile {
   static InputFile ofBytes(std::string_view bytes, int error) { return {bytes, error}; }
   // A file that could not be opened, and why not, as in errno.
   static InputFile unopened(int error) { return InputFile(error); }
-  ~InputFile();
-  InputFile(const InputFile&) = delete;
-  InputFile& operator=(const InputFile&) = delete;
 
   bool isOpen() const { return mIsOpen; }
   // Why it could not be opened, or read any further, as in errno; else 0.
@@ -43,7 +42,7 @@ class InputFile {
 
   bool mIsOpen = false;
   int mError = 0;
-  int mDescriptor = -1;
+  Descriptor mFile;
   std::string_view mBytes;
   int mErrorAtEnd = 0;
   std::string* mBeginning = nullptr;

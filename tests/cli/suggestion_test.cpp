@@ -1,4 +1,4 @@
-#include "cli/suggestion.h"
+#include "cli/command_line/suggestion.h"
 
 #include <gtest/gtest.h>
 

@@ -4,7 +4,7 @@
 
 #include <array>
 
-#include "cli/code_points.h"
+#include "encoding/code_points.h"
 
 using ovxid::characterLength;
 using ovxid::hasNoncharacter;

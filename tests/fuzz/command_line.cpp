@@ -6,8 +6,8 @@
 #include <cstdint>
 #include <sstream>
 
-#include "cli/command_line.h"
-#include "cli/diagnostics.h"
+#include "cli/command_line/command_line.h"
+#include "cli/output/diagnostics.h"
 #include "fuzz/compare.h"
 #include "simulation/child.h"
 
