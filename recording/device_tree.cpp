@@ -15,7 +15,7 @@ namespace {
 
 constexpr int rootNode = 0;
 
-[[noreturn]] void refuse(const std::string& why) { throw NotARecording("a device tree: " + why); }
+[[noreturn]] void refuse(const std::string& why) { throw Unreadable("a device tree: " + why); }
 
 std::string text(const char* bytes, int length) {
   return {bytes, static_cast<std::size_t>(std::max(length, 0))};

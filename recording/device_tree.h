@@ -10,7 +10,7 @@ namespace ovxid::recording {
 bool isDeviceTree(std::string_view bytes);
 
 // What a compiled device tree (.dtb) tells of a board. All else is not known, which reading gives
-// as the error ENODATA. Throws NotARecording.
+// as the error ENODATA. Throws Unreadable.
 Recording readDeviceTree(std::string_view bytes);
 
 }  // namespace ovxid::recording

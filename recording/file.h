@@ -8,14 +8,13 @@
 
 namespace ovxid::recording {
 
-// All bytes of a file, or of standard input, which is "-". Throws std::system_error if it cannot be
-// read, or has more.
+// All bytes of a file, or of standard input, which is "-". Throws Unreadable, also if it has more.
 std::string bytesOfFile(const std::string& path, std::size_t mostBytes);
 
-// Those of a file that should have a document. Throws NotARecording for a folder, too.
+// Those of a file that should have a document.
 std::string bytesOfDocument(const std::string& path);
 
-// Reads the document that is in a file. Throws NotARecording, and std::system_error as above.
+// Reads the document that is in a file. Throws Unreadable.
 Recording readFile(const std::string& path);
 
 }  // namespace ovxid::recording

@@ -28,7 +28,7 @@ class Value {
 
   [[noreturn]] void refuse(const std::string& why) const {
     const char* const root = mPlace.empty() ? "/" : "";
-    throw NotARecording(root + mPlace + ": " + why);
+    throw Unreadable(root + mPlace + ": " + why);
   }
 
   bool isText() const { return mJson.is_string(); }
@@ -330,7 +330,7 @@ class Maker : public nlohmann::json_sax<Json> {
   bool start_object(std::size_t /*elements*/) override { return begin(Json::object()); }
   bool key(string_t& name) override {
     if (!mOpen.back().keys.insert(name).second) {
-      throw NotARecording("has a key twice in an object");
+      throw Unreadable("has a key twice in an object");
     }
     mKey = std::move(name);
     return true;
@@ -343,7 +343,7 @@ class Maker : public nlohmann::json_sax<Json> {
                    const nlohmann::detail::exception& error) override {
     constexpr int numberOverflow = 406;
     const char* const why = error.id == numberOverflow ? "a number that is too large" : "no JSON";
-    throw NotARecording(placeOfByte(mDocument, byte) + ": " + why);
+    throw Unreadable(placeOfByte(mDocument, byte) + ": " + why);
   }
 
  private:
@@ -355,7 +355,7 @@ class Maker : public nlohmann::json_sax<Json> {
 
   Json& place(Json value) {
     if (++mValues > limit::jsonValues) {
-      throw NotARecording("has more than " + std::to_string(limit::jsonValues) + " values");
+      throw Unreadable("has more than " + std::to_string(limit::jsonValues) + " values");
     }
     if (mOpen.empty()) {
       return mRoot = std::move(value);
@@ -378,7 +378,7 @@ class Maker : public nlohmann::json_sax<Json> {
     constexpr std::size_t deepest = 2 * limit::depth + 8;
     mOpen.push_back({&place(std::move(value)), {}});
     if (mOpen.size() > deepest) {
-      throw NotARecording("is deeper than " + std::to_string(deepest) + " arrays and objects");
+      throw Unreadable("is deeper than " + std::to_string(deepest) + " arrays and objects");
     }
     return true;
   }
@@ -411,7 +411,7 @@ void requireNoArchive(std::string_view document) {
   const bool isTar = document.size() > markOfTar && beginsWith(document.substr(markOfTar), "ustar");
   if (isTar || beginsWith(document, gzip) || beginsWith(document, xz) ||
       beginsWith(document, zstd) || beginsWith(document, "PK") || beginsWith(document, "BZh")) {
-    throw NotARecording("an archive, and no recording: unpack it first");
+    throw Unreadable("an archive, and no recording: unpack it first");
   }
 }
 
@@ -420,7 +420,7 @@ void requireNoArchive(std::string_view document) {
 Recording readDocument(std::string_view document) {
   requireNoArchive(document);
   if (document.size() > limit::document) {
-    throw NotARecording("is larger than " + std::to_string(limit::document) + " bytes");
+    throw Unreadable("is larger than " + std::to_string(limit::document) + " bytes");
   }
   const Json json = parse(document);
   const Value root(json, "");

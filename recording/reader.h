@@ -9,14 +9,14 @@
 
 namespace ovxid::recording {
 
-// Why something is no recording. The message names the place in it, and has nothing that a terminal
-// would obey.
-class NotARecording : public std::runtime_error {
+// Why a file cannot be read, or is no recording. The message names the place in it, and has nothing
+// that a terminal would obey.
+class Unreadable : public std::runtime_error {
  public:
   using std::runtime_error::runtime_error;
 };
 
-// Reads a document, which may come from anybody. Throws NotARecording.
+// Reads a document, which may come from anybody. Throws Unreadable.
 Recording readDocument(std::string_view document);
 
 }  // namespace ovxid::recording

@@ -80,10 +80,8 @@ auto readFrom(const std::string& file, Read read) {
   }
   try {
     return read(file);
-  } catch (const recording::NotARecording& error) {
+  } catch (const recording::Unreadable& error) {
     throw Failure(file.empty() ? "''" : file, error.what());
-  } catch (const std::system_error& error) {
-    throw Failure(file.empty() ? "''" : file, std::strerror(error.code().value()));
   }
 }
 

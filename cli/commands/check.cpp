@@ -1,8 +1,6 @@
 #include <unistd.h>
 
 #include <cstdint>
-#include <cstring>
-#include <system_error>
 
 #include "check/catalogue_check.h"
 #include "command_line/command.h"
@@ -12,6 +10,7 @@
 #include "output/diagnostics.h"
 #include "output/output.h"
 #include "recording/file.h"
+#include "recording/reader.h"
 
 namespace ovxid::cli::command {
 
@@ -56,8 +55,8 @@ int check(const Invocation& invocation) {
       checkCatalogue(recording::bytesOfFile(file, SIZE_MAX), log, findings);
       print(findings.text());
       found = found || !findings.text().empty();
-    } catch (const std::system_error& error) {  // GCOVR_EXCL_BR_LINE: std::bad_alloc goes on
-      complain(file, std::strerror(error.code().value()));
+    } catch (const recording::Unreadable& error) {  // GCOVR_EXCL_BR_LINE: std::bad_alloc goes on
+      complain(file, error.what());
       status = exit_status::notRead;
     }
   }

@@ -49,7 +49,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
       expectSame("the document",
                  ovxid::recording::documentOf(ovxid::recording::readDocument(document)), document);
     }
-  } catch (const ovxid::recording::NotARecording& refusal) {
+  } catch (const ovxid::recording::Unreadable& refusal) {
     const std::string why = refusal.what();
     expectSame("whether the refusal is a line", why.find('\n') == std::string::npos, true);
     expectSame("whether the refusal is short", why.size() < 5000, true);

@@ -31,7 +31,7 @@ std::string refusalOf(const std::string& tree) {
   try {
     ovxid::recording::readDeviceTree(tree);
     return "";
-  } catch (const ovxid::recording::NotARecording& refusal) {
+  } catch (const ovxid::recording::Unreadable& refusal) {
     return refusal.what();
   }
 }

@@ -12,9 +12,9 @@ namespace {
 
 using namespace std::string_literals;
 namespace limit = ovxid::recording::limit;
-using ovxid::recording::NotARecording;
 using ovxid::recording::readDocument;
 using ovxid::recording::Recording;
+using ovxid::recording::Unreadable;
 
 // A document that has no more than it must, unless a test gives a key another value, or none.
 class Document {
@@ -51,7 +51,7 @@ std::string refusal(const std::string& document) {
   try {
     readDocument(document);
     return "none";
-  } catch (const NotARecording& error) {
+  } catch (const Unreadable& error) {
     return error.what();
   }
 }
