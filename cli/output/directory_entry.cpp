@@ -7,18 +7,13 @@
 #include <climits>
 #include <system_error>
 
+#include "output/output.h"
+
 namespace ovxid::cli {
 
 namespace {
 
 [[noreturn]] void fail(int reason) { throw std::system_error(reason, std::generic_category()); }
-
-int require(int result) {
-  if (result < 0) {
-    fail(errno);
-  }
-  return result;
-}
 
 // What is opened so can be asked for, but not be read or written, whatever it is.
 Descriptor held(int directory, const std::string& path, int kind) {
@@ -27,7 +22,7 @@ Descriptor held(int directory, const std::string& path, int kind) {
 
 struct stat statusOf(const Descriptor& file) {
   struct stat status {};
-  require(fstat(file.get(), &status));
+  require(fstat(file.get(), &status) == 0);
   return status;
 }
 
@@ -48,7 +43,7 @@ DirectoryEntry entryAt(int from, const std::string& path) {
   DirectoryEntry entry;
   entry.directory = held(from, directory, O_DIRECTORY);
   entry.name = nameIn(path);
-  require(entry.directory.get());
+  require(entry.directory.get() >= 0);
   return entry;
 }
 
@@ -67,7 +62,8 @@ void requireThatMayBeFollowed(const struct stat& link, const struct stat& direct
 std::string textOf(const Descriptor& link) {
   std::array<char, PATH_MAX> text{};
   const auto size = readlinkat(link.get(), "", text.data(), text.size());
-  return {text.data(), static_cast<std::size_t>(require(static_cast<int>(size)))};
+  require(size >= 0);
+  return {text.data(), static_cast<std::size_t>(size)};
 }
 
 }  // namespace
@@ -81,7 +77,7 @@ DirectoryEntry entryBehind(const std::string& path) {
     if (file.get() < 0 && errno == ENOENT) {
       return entry;
     }
-    require(file.get());
+    require(file.get() >= 0);
     entry.status = statusOf(file);
     if (!S_ISLNK(entry.status->st_mode)) {
       return entry;

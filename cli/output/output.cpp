@@ -7,6 +7,7 @@
 #include <csignal>
 #include <cstring>
 #include <iterator>
+#include <system_error>
 
 #include "output/diagnostics.h"
 
@@ -47,6 +48,12 @@ InheritedHandlers::InheritedHandlers() {
 InheritedHandlers::~InheritedHandlers() {
   for (const int signal : signalsOfWriting) {
     std::signal(signal, SIG_IGN);
+  }
+}
+
+void require(bool success) {
+  if (!success) {
+    throw std::system_error(errno, std::generic_category());
   }
 }
 

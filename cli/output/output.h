@@ -21,6 +21,9 @@ class InheritedHandlers {
   InheritedHandlers& operator=(const InheritedHandlers&) = delete;
 };
 
+// Throws std::system_error with the reason that errno has, unless it succeeded.
+void require(bool success);
+
 // Whether all of the text was written; errno tells why not.
 bool writeAll(int descriptor, std::string_view text);
 

@@ -8,7 +8,6 @@
 #include <cerrno>
 #include <chrono>
 #include <memory>
-#include <system_error>
 
 #include "encoding/ascii.h"
 #include "output/output.h"
@@ -18,12 +17,6 @@ namespace ovxid::cli {
 namespace {
 
 constexpr std::string_view beginning = ".ovxid-unfinished-";
-
-void require(bool success) {
-  if (!success) {
-    throw std::system_error(errno, std::generic_category());
-  }
-}
 
 // No other process has the first number, nor this one twice the second.
 std::string unusedName() {
