@@ -16,6 +16,8 @@ constexpr Warning nameIsAlias = warningNamed("name-is-alias");
 constexpr Warning unmatchable = warningNamed("unmatchable");
 }  // namespace warning
 
+constexpr std::size_t placesOfText = 4;
+
 std::string inLine(std::size_t number) { return " in line " + std::to_string(number); }
 
 // Gives the line what no earlier one has, and returns the earlier line that has it, or 0.
@@ -28,11 +30,11 @@ std::size_t take(std::size_t& taker, const Line& line) {
 
 }  // namespace
 
-EarlierBoards::EarlierBoards(std::size_t lines, std::size_t texts) {
-  // Most texts are new, which an empty place in the table shows at once.
-  mTexts.max_load_factor(0.25F);
-  mTexts.reserve(texts);
-  mNumbers.reserve(lines);
+// Most texts are new, which an empty place in the table shows at once. The tables begin with their
+// places: reserve() would need the library of mathematics.
+EarlierBoards::EarlierBoards(std::size_t lines, std::size_t texts)
+    : mTexts(texts * placesOfText, &mMemory), mNumbers(lines, &mMemory) {
+  mTexts.max_load_factor(1.0F / placesOfText);
 }
 
 void EarlierBoards::checkAndAdd(const Line& line, Findings& findings) {

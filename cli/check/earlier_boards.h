@@ -33,8 +33,8 @@ class EarlierBoards {
 
   // One table for both: a look into a large one costs more than all else that is done for a line.
   std::pmr::monotonic_buffer_resource mMemory;
-  std::pmr::unordered_map<std::string_view, Takers> mTexts{&mMemory};
-  std::pmr::unordered_map<std::int32_t, std::size_t> mNumbers{&mMemory};
+  std::pmr::unordered_map<std::string_view, Takers> mTexts;
+  std::pmr::unordered_map<std::int32_t, std::size_t> mNumbers;
 };
 
 }  // namespace ovxid::cli
