@@ -13,7 +13,15 @@ if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
   list(APPEND ovxid_warnings -Wduplicated-branches -Wduplicated-cond -Wlogical-op)
 endif()
 
+# On MIPS, a program lists all that is not hidden, too.
+set(CMAKE_CXX_VISIBILITY_PRESET hidden)
+set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
+
 function(ovxid_build_flags target)
+  # 24 KiB that debuggers read on other systems than Linux, and that strip leaves.
+  if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_SYSTEM_PROCESSOR MATCHES "^mips")
+    target_compile_options(${target} PRIVATE -Wa,-mno-pdr)
+  endif()
   target_compile_options(${target} PRIVATE -fstack-protector-strong -fstack-clash-protection)
   target_link_options(${target} PRIVATE LINKER:-z,relro,-z,now,--as-needed)
   # Else 32-bit programs could not look at files with large inode numbers or times after 2038.
