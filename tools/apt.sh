@@ -3,7 +3,8 @@
 
 # shellcheck disable=SC2034  # Read by name, in install_packages.
 {
-  packages_build=(g++ cmake ninja-build liblog4cpp5-dev nlohmann-json3-dev libfdt-dev libseccomp-dev)
+  packages_build=(g++ cmake ninja-build liblog4cpp5-dev nlohmann-json3-dev libfdt-dev libseccomp-dev
+    libutfcpp-dev)
   packages_test=(libgtest-dev libgmock-dev bats binutils busybox device-tree-compiler iproute2)
   # The tests with the label "check" need these, too.
   packages_check=(pkgconf pahole jq bash-completion fish zsh python3-jsonschema man-db groff-base mandoc systemd)
