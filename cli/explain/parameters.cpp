@@ -11,6 +11,7 @@
 #include "explain/report.h"
 #include "formats/format.h"
 #include "identity/well_known.h"
+#include "net/wan.h"
 #include "params/names.h"
 
 namespace ovxid::cli {
@@ -163,17 +164,6 @@ void remarkOnNames(const Properties& properties, Remarks& remarks) {
   }
 }
 
-// The interface of which the address is asked, which the first OVX_WAN of the list names. None if
-// the list has none.
-std::optional<std::string> wanOf(const std::vector<ovx_param>& list) {
-  const auto first = std::find_if(
-      list.begin(), list.end(), [](const ovx_param& each) { return each.name == parameter::wan; });
-  if (first == list.end()) {
-    return std::nullopt;
-  }
-  return first->value.substr(0, first->value.find('\0'));
-}
-
 // Only with the number of a PC an interface is searched for, and only without a node.
 void remarkOnMissingWan(const Diagnosis& diagnosis, Remarks& remarks) {
   if (diagnosis.board.number() != pcNumber) {
@@ -219,7 +209,7 @@ Remarks remarksOnParameters(const Diagnosis& diagnosis) {
   const Board& board = diagnosis.board;
   const Parameters& parameters = diagnosis.parameters;
   const Properties properties = propertiesOf(parameters);
-  const std::optional<std::string> wan = wanOf(parameters.list);
+  const std::optional<std::string> wan = wanIn(parameters.list);
   Values values = valuesOf(parameters.list);
   if (wan && parameters.wanError == 0) {
     values.erase(parameter::wanMac);

@@ -61,16 +61,10 @@ void recordInterfaces(const Host& host, const std::string& wan, Macs& macs,
   recording.interfaceRoom = interfaceListSize / sizeof(ifreq);
 }
 
-// Up to its first NUL byte, as the kernel is asked. None if there is none that it could be asked.
+// None if the list has none of which the kernel could be asked.
 std::string wanOf(const std::vector<ovx_param>& parameters) {
-  for (const ovx_param& each : parameters) {
-    if (each.name == parameter::wan) {
-      std::string name = each.value.substr(0, each.value.find('\0'));
-      name.resize(name.size() < IFNAMSIZ ? name.size() : 0);
-      return name;
-    }
-  }
-  return "";
+  std::string wan = wanIn(parameters).value_or("");
+  return wan.size() < IFNAMSIZ ? wan : "";
 }
 
 // The address in a listing is that of its first WAN interface.

@@ -50,16 +50,23 @@ void searchWan(const Host& host, Collector& collector) {
   }
 }
 
-int addWanMac(const Host& host, Collector& collector) {
-  const std::vector<ovx_param>& list = collector.list();
+std::optional<std::string> wanIn(const std::vector<ovx_param>& list) {
   const auto wan = std::find_if(list.begin(), list.end(), [](const ovx_param& param) {
     return param.name == parameter::wan;
   });
   if (wan == list.end()) {
+    return std::nullopt;
+  }
+  return wan->value.substr(0, wan->value.find('\0'));
+}
+
+int addWanMac(const Host& host, Collector& collector) {
+  const std::optional<std::string> wan = wanIn(collector.list());
+  if (!wan) {
     return 0;
   }
   MacAddress address{};
-  const int error = askForAddress(host, wan->value.substr(0, wan->value.find('\0')), address);
+  const int error = askForAddress(host, *wan, address);
   if (error == 0) {
     collector.add(parameter::wanMac, macText(address), {Origin::Kind::interface});
   } else {

@@ -12,7 +12,10 @@ std::string macText(const MacAddress& address);
 // Adds the WAN interface, if the host has one: the first that is not the loopback.
 void searchWan(const Host& host, Collector& collector);
 
-// Adds the address of the interface that the list names first, if it names one. Returns the error.
+// The interface that the list names first, up to its first NUL byte, as the kernel is asked.
+std::optional<std::string> wanIn(const std::vector<ovx_param>& list);
+
+// Adds the address of that interface, if the list names one. Returns the error.
 int addWanMac(const Host& host, Collector& collector);
 
 }  // namespace ovxid
