@@ -5,11 +5,19 @@
 
 #include <cerrno>
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <stdexcept>
 #include <system_error>
+#include <utility>
 
+#include "board/board.h"
+#include "board/parameters.h"
 #include "fuzz/compare.h"
+#include "host/this_machine.h"
+#include "output/diagnostics.h"
+#include "output/output.h"
+#include "params/list.h"
 #include "simulation/kernel.h"
 
 namespace {
@@ -21,6 +29,36 @@ std::optional<std::string> thrownBy(OvxIdentifier& identifier, bool& determined)
     return exception.what();
   }
   return std::nullopt;
+}
+
+// Where nothing is asked of the real machine's interfaces.
+class MachineWithoutInterfaces : public ovxid::ThisMachine {
+ public:
+  ovxid::InterfaceList interfaces() const override { return {}; }
+  int macAddress(const std::string& /*name*/, ovxid::MacAddress& /*mac*/) const override {
+    return ENODEV;
+  }
+};
+
+Messages messagesOfLibrary() {
+  return board().messagesOf([] {
+    OvxIdentifier identifier(board().logger());
+    try {
+      identifier.getHardwareNumber();
+    } catch (const std::out_of_range&) {
+    }
+  });
+}
+
+std::string toldByFrontEnd() {
+  std::string told;
+  const ovxid::cli::KeptErrors kept(told);
+  ovxid::cli::Board asked(std::make_shared<MachineWithoutInterfaces>(), true);
+  try {
+    asked.identify();
+  } catch (const ovxid::cli::Failure&) {
+  }
+  return told;
 }
 
 }  // namespace
@@ -60,4 +98,22 @@ void expectSameDetermination(OvxIdentifier identifier,
   expectSame("exception", thrown, reference.thrown);
   expectSame("result of the determination", determined, reference.identity.determined);
   expectSame("identity", report, reference::report(reference.identity));
+}
+
+void expectFrontEndToAgree() {
+  std::string library;
+  for (const Message& message : messagesOfLibrary()) {
+    library += message.level + ": " + message.text + "\n";
+  }
+  expectSame("messages of the front end", library, toldByFrontEnd());
+}
+
+void expectFrontEndToList(const std::string& listing) {
+  constexpr std::int32_t unknown = -1;
+  const MachineWithoutInterfaces machine;
+  std::string listed;
+  for (const ovx_param& each : ovxid::cli::collectParameters(machine, unknown, "", nullptr).list) {
+    ovxid::appendLine(listed, each);
+  }
+  expectSame("listing of the front end", listing, listed);
 }

@@ -20,4 +20,10 @@ void beginInput(std::size_t size);
 void expectSameDetermination(OvxIdentifier identifier,
                              const std::vector<HardwareIdentity>& catalogue);
 
+// Expects of the front end the messages that the library has for the same board.
+void expectFrontEndToAgree();
+
+// Expects of the front end that a walk over the node gives it this listing.
+void expectFrontEndToList(const std::string& listing);
+
 #endif

@@ -43,6 +43,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   // An alias that no identity has makes a determination name all of them.
   board().kernelRelease("5.10.0-none");
   expectSameDetermination(identifier, reference.identities);
+  expectFrontEndToAgree();
   board().kernelRelease("5.10.0");
   if (!reference.identities.empty()) {
     askForNameAndLastAlias(reference.identities.front(), identifier, reference.identities);

@@ -18,5 +18,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   beginInput(size);
   write(cpuinfoPath, {data, data + size});
   expectSameDetermination(identifier, catalogue.identities);
+  expectFrontEndToAgree();
   return 0;
 }

@@ -97,5 +97,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const reference::Walk reference = reference::walk(nodePath);
   expectSame("result of the walk", library.result, reference.result);
   expectSame("parameters", library.listing, reference.listing);
+  expectFrontEndToAgree();
+  expectFrontEndToList(library.listing);
   return 0;
 }
