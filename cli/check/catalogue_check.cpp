@@ -16,7 +16,6 @@ namespace warning {
 constexpr Warning noNewline = warningNamed("no-newline");
 constexpr Warning emptyCatalogue = warningNamed("empty-catalogue");
 constexpr Warning emptyLine = warningNamed("empty-line");
-constexpr Warning comment = warningNamed("comment");
 }  // namespace warning
 
 // Takes the next line off the text, without its newline. None when nothing is left: what follows
@@ -41,10 +40,11 @@ Line lineOf(std::size_t number, std::string_view text, std::int32_t boardNumber)
 // A line that is empty or meant as a comment loses nothing, so it is no error.
 void reportPassedOver(std::string_view text, const std::string& why, std::size_t number,
                       Findings& findings) {
+  constexpr Warning comment = warningNamed("comment");
   if (text.empty() || text == "\r") {
     findings.warn(warning::emptyLine, number, "the library reports an empty line as not valid");
   } else if (text.front() == '#') {
-    findings.warn(warning::comment, number,
+    findings.warn(comment, number,
                   "there are no comments: the library reports the line as not valid");
   } else {
     findings.error(number, "the line is passed over: " + why);

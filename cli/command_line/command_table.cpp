@@ -24,13 +24,13 @@ constexpr Option ignoreOption = {"ignore", '\0', "WARNING",
 constexpr Option noMacOption = {"no-mac", '\0', nullptr,
                                 "Write made-up MAC addresses in the place of the real ones"};
 
-using Options = std::initializer_list<Option>;
-constexpr Options none = {};
-constexpr Options ofBoards = {boardOption, catalogueOption};
-constexpr Options ofList = {formatOption, outputOption, boardOption, catalogueOption};
-constexpr Options ofCheck = {ignoreOption};
-constexpr Options ofRecord = {noMacOption, outputOption};
-constexpr Options ofReplay = {catalogueOption};
+using OptionList = std::initializer_list<Option>;
+constexpr OptionList none = {};
+constexpr OptionList ofBoards = {boardOption, catalogueOption};
+constexpr OptionList ofList = {formatOption, outputOption, boardOption, catalogueOption};
+constexpr OptionList ofCheck = {ignoreOption};
+constexpr OptionList ofRecord = {noMacOption, outputOption};
+constexpr OptionList ofReplay = {catalogueOption};
 
 constexpr Command table[] = {
     {"list", "", "Print the board parameters", "ovxid list --format json", command::list, ofList},

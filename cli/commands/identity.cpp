@@ -9,10 +9,10 @@ namespace ovxid::cli::command {
 namespace {
 
 template <typename Answer>
-int print(const Invocation& invocation, Answer answer) {
+int answer(const Invocation& invocation, Answer answerOf) {
   Board board(hostOf(invocation), invocation.verbose);
   board.identify();
-  cli::print(answer(board) + "\n");
+  print(answerOf(board) + "\n");
   if (!board.isIdentified()) {
     complain("board", "not identified");
     return exit_status::no.value;
@@ -23,11 +23,11 @@ int print(const Invocation& invocation, Answer answer) {
 }  // namespace
 
 int name(const Invocation& invocation) {
-  return print(invocation, [](const Board& board) { return board.name(); });
+  return answer(invocation, [](const Board& board) { return board.name(); });
 }
 
 int number(const Invocation& invocation) {
-  return print(invocation, [](const Board& board) { return std::to_string(board.number()); });
+  return answer(invocation, [](const Board& board) { return std::to_string(board.number()); });
 }
 
 }  // namespace ovxid::cli::command

@@ -16,12 +16,12 @@ namespace ovxid::cli {
 
 namespace {
 
-constexpr std::string_view beginning = ".ovxid-unfinished-";
+constexpr std::string_view nameOfUnfinished = ".ovxid-unfinished-";
 
 // No other process has the first number, nor this one twice the second.
 std::string unusedName() {
   const auto now = std::chrono::steady_clock::now().time_since_epoch().count();
-  return std::string(beginning) + std::to_string(getpid()) + "-" + std::to_string(now);
+  return std::string(nameOfUnfinished) + std::to_string(getpid()) + "-" + std::to_string(now);
 }
 
 bool lock(const Descriptor& file) { return flock(file.get(), LOCK_EX | LOCK_NB) == 0; }
@@ -79,7 +79,7 @@ void removeUnfinishedFiles(int directory) {
       fdopendir(openat(directory, ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC)), closedir);
   while (const dirent* const entry = stream ? readdir(stream.get()) : nullptr) {
     const std::string_view name = static_cast<const char*>(entry->d_name);
-    if (beginsWith(name, beginning)) {
+    if (beginsWith(name, nameOfUnfinished)) {
       removeIfLeft(directory, name.data());
     }
   }
