@@ -10,7 +10,6 @@
 
 #include "encoding/visible.h"
 #include "replay/capture.h"
-#include "replay/complaint.h"
 #include "replay/failure.h"
 #include "replay/signals.h"
 

@@ -13,7 +13,6 @@
 #include "recording/limits.h"
 #include "recording/reader.h"
 #include "replay/comparison.h"
-#include "replay/complaint.h"
 #include "replay/failure.h"
 #include "replay/interfaces.h"
 #include "replay/mounts.h"
@@ -60,7 +59,7 @@ void holdClosedStreams() {
 int run(char** words) {
   execvp(words[0], words);
   const int reason = errno;
-  complain(*words[0] == '\0' ? "''" : words[0], std::strerror(reason));
+  printError(std::string(*words[0] == '\0' ? "''" : words[0]) + ": " + std::strerror(reason));
   return reason == ENOENT ? notFound : cannotRun;
 }
 
@@ -119,7 +118,7 @@ int print(const char* text) {
 }
 
 int refuse(const std::string& word, const std::string& why) {
-  complain(word, why + " (see 'ovxid-replay --help')");
+  printError(word + ": " + why + " (see 'ovxid-replay --help')");
   return usageError;
 }
 

@@ -10,7 +10,6 @@
 #include <algorithm>
 
 #include "replay/channel.h"
-#include "replay/complaint.h"
 #include "replay/failure.h"
 #include "replay/processes.h"
 #include "replay/seccomp.h"

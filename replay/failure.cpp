@@ -1,23 +1,20 @@
-#include "replay/complaint.h"
+#include "replay/failure.h"
 
 #include <iostream>
 
 #include "encoding/visible.h"
-#include "replay/failure.h"
 
 namespace ovxid::replay {
 
-void complain(const std::string& what, const std::string& why) {
-  std::cerr << "ovxid-replay: " + visible(what) + ": " + visible(why) + "\n";
-}
+void printError(const std::string& text) { std::cerr << "ovxid-replay: " + visible(text) + "\n"; }
 
 int statusOf(const std::function<int()>& call) {
   try {
     return call();
   } catch (const Failure& failure) {
-    complain(failure.subject(), failure.what());
+    printError(failure.what());
   } catch (const std::exception& error) {
-    complain("the board", error.what());
+    printError(std::string("the board: ") + error.what());
   }
   return ownFailure;
 }
