@@ -4,7 +4,7 @@
 #include <fstream>
 #include <string>
 
-#include "replay/world.h"
+#include "simulation/replaced_directory.h"
 
 // The /etc of this process, which holds a catalogue at this path and nothing else.
 class CatalogueFile {

@@ -4,7 +4,7 @@
 #include <fcntl.h>
 #include <sys/utsname.h>
 
-#include "replay/world.h"
+#include "simulation/replaced_directory.h"
 
 namespace {
 

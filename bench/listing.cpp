@@ -6,7 +6,7 @@
 
 #include <fstream>
 
-#include "replay/world.h"
+#include "simulation/replaced_directory.h"
 
 namespace {
 

@@ -10,7 +10,7 @@
 #include <filesystem>
 #include <fstream>
 
-#include "replay/world.h"
+#include "simulation/replaced_directory.h"
 
 namespace {
 

@@ -16,8 +16,8 @@
 #include "recording/format.h"
 #include "recording/mac.h"
 #include "replay/failure.h"
+#include "replay/namespaces.h"
 #include "replay/network.h"
-#include "replay/world.h"
 
 namespace ovxid::replay {
 
@@ -183,7 +183,7 @@ std::string hintFor(std::string_view complaint) {
 }  // namespace
 
 std::vector<int> makeInterfaces(const Interfaces& entries) {
-  enterEmptyNetwork();
+  enterNetworkNamespace();
   const std::vector<Link> links = linksOf(entries);
   // A descriptor belongs to the network in which it was opened.
   const std::map<std::string, int> tunnels = openTunnels(links);

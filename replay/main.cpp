@@ -16,6 +16,7 @@
 #include "replay/failure.h"
 #include "replay/interfaces.h"
 #include "replay/mounts.h"
+#include "replay/namespaces.h"
 #include "replay/program.h"
 #include "replay/requirements.h"
 #include "replay/signals.h"
@@ -102,9 +103,8 @@ recording::Recording readRecording(const Order& order) {
   Signals signals;
   const recording::Recording recording = readRecording(order);
   requireReplayable(recording);
-  takeOwnMounts(InNamespace::asOneself);
-  // In place for as long as a process of the board is left.
-  [[maybe_unused]] const Mounts mounts(recording);
+  enterMountNamespace(geteuid(), getegid());
+  mountBoard(recording);
   const std::vector<int> tunnels = makeInterfaces(recording.interfaces);
   runOnBoard(recording, tunnels, signals, [&] {
     return *order.words == nullptr ? compareWithBoard(order.file, *recording.said)

@@ -6,20 +6,19 @@
 #include <sys/utsname.h>
 #include <unistd.h>
 
-#include <algorithm>
 #include <cstring>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
-#include <set>
 #include <sstream>
+#include <system_error>
 
 #include "host/host.h"
+#include "replay/device_tree.h"
 #include "replay/failure.h"
 #include "replay/files.h"
-#include "replay/node.h"
-#include "replay/overlay.h"
 #include "replay/processes.h"
+#include "replay/tmpfs.h"
 
 namespace ovxid::replay {
 
@@ -35,69 +34,43 @@ std::uint64_t pagesFor(std::size_t bytes) {
   return (bytes + page - 1) / page * page;
 }
 
-void addEntry(const recording::Entry& entry, Room& room) {
-  room.bytes += pagesFor(entry.value.bytes.size());
-  ++room.files;
+void addEntry(const recording::Entry& entry, TmpfsLimits& limits) {
+  limits.bytes += pagesFor(entry.value.bytes.size());
+  ++limits.inodes;
   for (const recording::Entry& each : entry.content) {
-    addEntry(each, room);
+    addEntry(each, limits);
   }
 }
 
 // For the board's files, a link to each entry of this machine's /proc, and one to each process that
 // there can be.
-Room roomInProc(const recording::Recording& recording) {
+TmpfsLimits limitsOfProc(const recording::Recording& recording) {
   constexpr std::uint64_t texts = 1U << 20;
   constexpr std::uint64_t files = 64;
-  Room room{texts + pagesFor(recording.cpuinfo.bytes.size()) + pagesFor(recording.model.size()),
-            files};
+  TmpfsLimits limits{
+      texts + pagesFor(recording.cpuinfo.bytes.size()) + pagesFor(recording.model.size()), files};
   for (const std::string& each : recording.compatible) {
-    room.bytes += pagesFor(each.size());
+    limits.bytes += pagesFor(each.size());
   }
   if (recording.node) {
-    addEntry(*recording.node, room);
+    addEntry(*recording.node, limits);
   }
-  room.files += static_cast<std::uint64_t>(
+  limits.inodes += static_cast<std::uint64_t>(
       std::distance(fs::directory_iterator("/proc"), fs::directory_iterator()));
-  room.files += static_cast<std::uint64_t>(largestProcess());
-  return room;
+  limits.inodes += static_cast<std::uint64_t>(largestProcess());
+  return limits;
 }
 
 // For the catalogue, and for what programs write there: settings, and no more.
-Room roomInEtc(const recording::Recording& recording) {
+TmpfsLimits limitsOfEtc(const recording::Recording& recording) {
   constexpr std::uint64_t settings = 64U << 20;
   constexpr std::uint64_t files = 65536;
   return {settings + pagesFor(recording.catalogue.bytes.size()), files};
 }
 
 // Over a file that is there.
-void placeOver(const std::string& path, const std::string& file) {
+void bindMount(const std::string& path, const std::string& file) {
   require(mount(file.c_str(), path.c_str(), nullptr, MS_BIND, nullptr) == 0, path);
-}
-
-// Each text with a NUL byte behind it.
-void makeProperty(const std::string& path, const std::vector<std::string>& texts) {
-  std::string bytes;
-  for (const std::string& each : texts) {
-    bytes += each + '\0';
-  }
-  if (!bytes.empty()) {
-    makeFile(AT_FDCWD, path, bytes);
-  }
-}
-
-void makeDeviceTree(const recording::Recording& recording) {
-  if (!recording.hasDeviceTree) {
-    return;
-  }
-  const std::string root(treePath);
-  makeDirectory(AT_FDCWD, root);
-  if (recording.node) {
-    makeNode(*recording.node, std::string(nodePath));
-  }
-  if (!recording.model.empty()) {
-    makeProperty(root + "/model", {recording.model});
-  }
-  makeProperty(root + "/compatible", recording.compatible);
 }
 
 void makeCpuinfo(const recording::Content& cpuinfo) {
@@ -113,7 +86,7 @@ void makeCatalogue(const recording::Content& catalogue) {
     makeContent(AT_FDCWD, path, catalogue);
   } else if (catalogue.openError != ENOENT) {
     makeFile(AT_FDCWD, path, "");
-    placeOver(path, closedFile);
+    bindMount(path, closedFile);
   }
 }
 
@@ -139,7 +112,7 @@ void placeText(const std::string& name, const recording::Content& text) {
   const std::string path = "/proc/.kept/sys/kernel/" + name;
   if (fs::exists(path)) {
     makeContent(AT_FDCWD, "/proc/." + name, text);
-    placeOver(path, "/proc/." + name);
+    bindMount(path, "/proc/." + name);
   }
 }
 
@@ -151,60 +124,56 @@ void makeNames(const recording::Recording& recording) {
   placeText("arch", {recording.machine + "\n", error, 0});
 }
 
-// All that is in /etc, but no catalogue.
-void keepEtc(ReplacedDirectory& etc) {
-  const fs::path catalogue = pathOf(File::catalogue);
-  if (keepInMemory("/etc")) {
-    // It may be mounted there.
-    while (umount2(catalogue.c_str(), MNT_DETACH) == 0) {
-    }
-    fs::remove_all(catalogue);
-  } else {
-    etc.keepAllBut({catalogue.filename()});
-  }
-}
-
-void keepProc(ReplacedDirectory& proc) {
-  // These two lead each process to its own entry.
-  const std::set<std::string> own = {"self", "thread-self"};
+void keepProc() {
   // The names with a dot are there if this is a board that is replayed on one.
-  proc.keepAllBut({"cpuinfo", "device-tree", "self", "thread-self", "version", ".closed",
-                   ".osrelease", ".arch"});
-  for (const std::string& entry : own) {
-    proc.keep(entry);
+  keepAllBut("/proc", {"cpuinfo", "device-tree", "self", "thread-self", "version", ".closed",
+                       ".osrelease", ".arch"});
+  // These two lead each process to its own entry.
+  keep("/proc", "self");
+  keep("/proc", "thread-self");
+}
+
+// All that is in /etc, but no catalogue.
+void keepEtc() {
+  const fs::path catalogue = pathOf(File::catalogue);
+  if (!mountOverlay("/etc")) {
+    keepAllBut("/etc", {catalogue.filename()});
+    return;
   }
-}
-
-// What a program looks for from where it stands is what others find there. It need not be allowed
-// to go there again.
-void goToTheSameDirectory(const fs::path& directory) {
-  if (!directory.empty() && chdir(directory.c_str()) != 0) {
-    require(chdir("/") == 0, "/");
+  // It may be mounted there.
+  while (umount2(catalogue.c_str(), MNT_DETACH) == 0) {
   }
+  fs::remove_all(catalogue);
 }
 
-fs::path currentDirectory() {
-  std::error_code error;
-  return fs::current_path(error);
-}
-
-}  // namespace
-
-Mounts::Mounts(const recording::Recording& recording)
-    : mDirectory(currentDirectory()),
-      mProc("/proc", roomInProc(recording)),
-      mEtc("/etc", roomInEtc(recording)) {
-  // Everybody reads these files, whatever the user keeps from others.
-  const mode_t hidden = umask(S_IWGRP | S_IWOTH);
-  keepProc(mProc);
-  keepEtc(mEtc);
+// Everybody reads these files, whatever the user keeps from others.
+void makeFiles(const recording::Recording& recording) {
+  const mode_t mask = umask(S_IWGRP | S_IWOTH);
+  keepProc();
+  keepEtc();
   makeClosedFile(AT_FDCWD, closedFile);
   makeDeviceTree(recording);
   makeCpuinfo(recording.cpuinfo);
   makeCatalogue(recording.catalogue);
   makeNames(recording);
-  umask(hidden);
-  goToTheSameDirectory(mDirectory);
+  umask(mask);
+}
+
+// What a program looks for from where it stands is what others find there. It need not be allowed
+// to go there again.
+void enterAgain(const fs::path& directory) {
+  require((!directory.empty() && chdir(directory.c_str()) == 0) || chdir("/") == 0, "/");
+}
+
+}  // namespace
+
+void mountBoard(const recording::Recording& recording) {
+  std::error_code removed;
+  const fs::path workingDirectory = fs::current_path(removed);
+  mountTmpfs("/proc", limitsOfProc(recording));
+  mountTmpfs("/etc", limitsOfEtc(recording));
+  makeFiles(recording);
+  enterAgain(workingDirectory);
 }
 
 }  // namespace ovxid::replay

@@ -1,24 +1,14 @@
 #ifndef OVXID_REPLAY_MOUNTS_H
 #define OVXID_REPLAY_MOUNTS_H
 
-#include <filesystem>
-
 #include "recording/recording.h"
-#include "replay/world.h"
 
 namespace ovxid::replay {
 
-// The files of the board in the places where programs look for them, while it lives. All else in
-// these directories is that of this machine. Throws Failure.
-class Mounts {
- public:
-  explicit Mounts(const recording::Recording& recording);
-
- private:
-  std::filesystem::path mDirectory;
-  ReplacedDirectory mProc;
-  ReplacedDirectory mEtc;
-};
+// Puts the files of the board into /proc and /etc of this process's mount namespace, in the places
+// where programs look for them. All else in these directories is that of this machine. Throws
+// Failure.
+void mountBoard(const recording::Recording& recording);
 
 }  // namespace ovxid::replay
 

@@ -14,6 +14,7 @@
 #include "simulation/kernel.h"
 
 namespace fs = std::filesystem;
+namespace replay = ovxid::replay;
 
 namespace {
 
@@ -37,9 +38,9 @@ bool isForbidden(const std::error_code& code) {
 ReplacedDirectory replaced(const char* path) {
   try {
     return ReplacedDirectory(path);
-  } catch (const NamespaceRefused& refusal) {
-    if (isForbidden(refusal.code())) {
-      giveUpSimulation(refusal.what());
+  } catch (const replay::NamespaceError& error) {
+    if (isForbidden(error.code())) {
+      giveUpSimulation(error.what());
     }
     throw;
   }
@@ -49,11 +50,11 @@ ReplacedDirectory replaced(const char* path) {
 
 Board::Board() : mProc(replaced("/proc")), mEtc(replaced("/etc")) {
   for (const char* entry : {"meminfo", "mounts", "net", "self", "stat", "sys", "thread-self"}) {
-    mProc.keep(entry);
+    replay::keep("/proc", entry);
   }
-  mProc.keep(std::to_string(getpid()));
-  mEtc.keepAllBut({"known_ovx_ids"});
-  enterEmptyNetwork();
+  replay::keep("/proc", std::to_string(getpid()));
+  replay::keepAllBut("/etc", {"known_ovx_ids"});
+  replay::enterNetworkNamespace();
   kernel = {};
   kernel.release = "5.10.0";
   kernel.machine = "armv7l";

@@ -7,8 +7,8 @@
 #include <functional>
 #include <string>
 
-#include "replay/world.h"
 #include "simulation/logger.h"
+#include "simulation/replaced_directory.h"
 
 // The board on which the library runs while this object lives. A new board cannot be identified. It
 // has no device-tree node, no /proc/cpuinfo and no catalogue file. Its only interface is a loopback
