@@ -1,13 +1,9 @@
 #include "replay/capture.h"
 
-#include <fcntl.h>
-#include <sys/mman.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <array>
-#include <exception>
-#include <string>
+#include <cstdlib>
 
 #include "replay/failure.h"
 
@@ -15,71 +11,47 @@ namespace ovxid::replay {
 
 namespace {
 
-// A file without a name, which takes any number of bytes without a reader.
-class Capture {
- public:
-  // Not in the place of a stream that is closed.
-  Capture() {
-    const int file = memfd_create("ovxid", MFD_CLOEXEC);
-    require(file >= 0, "memfd_create");
-    mDescriptor = fcntl(file, F_DUPFD_CLOEXEC, STDERR_FILENO + 1);
-    close(file);
-    require(mDescriptor >= 0, "fcntl");
-  }
-  ~Capture() { close(mDescriptor); }
-  Capture(const Capture&) = delete;
-  Capture& operator=(const Capture&) = delete;
+std::string textOf(const Descriptor& file) {
+  std::string text(static_cast<std::size_t>(lseek(file.get(), 0, SEEK_END)), '\0');
+  require(pread(file.get(), text.data(), text.size(), 0) == static_cast<ssize_t>(text.size()),
+          "read what was written");
+  return text;
+}
 
-  void takeOver(int stream) const { require(dup2(mDescriptor, stream) >= 0, "dup2"); }
-
-  std::string text() const {
-    std::string text;
-    std::array<char, 4096> part{};
-    for (;;) {
-      const ssize_t count =
-          pread(mDescriptor, part.data(), part.size(), static_cast<off_t>(text.size()));
-      require(count >= 0, "read what was written");
-      if (count == 0) {
-        return text;
-      }
-      text.append(part.data(), static_cast<std::size_t>(count));
-    }
-  }
-
- private:
-  int mDescriptor = -1;
-};
-
-int exitStatusOf(int waited) {
-  return WIFSIGNALED(waited) ? 128 + WTERMSIG(waited) : WEXITSTATUS(waited);
+int exitStatusOf(int status) {
+  return WIFSIGNALED(status) ? 128 + WTERMSIG(status) : WEXITSTATUS(status);
 }
 
 // An exception must not reach those who called for what is captured.
-[[noreturn]] void callAndEnd(const std::function<int()>& call, const Capture& out,
-                             const Capture& err) {
-  try {
-    out.takeOver(STDOUT_FILENO);
-    err.takeOver(STDERR_FILENO);
-    const int status = call();
-    _exit(status);
-  } catch (...) {
-    std::terminate();
+[[noreturn]] void callAndExit(const std::function<int()>& call, int out, int err) noexcept {
+  if (dup2(out, STDOUT_FILENO) < 0 || dup2(err, STDERR_FILENO) < 0) {
+    std::abort();
   }
+  _exit(call());
 }
 
 }  // namespace
 
+Descriptor memoryFile(const std::string& text, unsigned flags) {
+  Descriptor file(memfd_create("ovxid", flags));
+  require(file.get() >= 0 &&
+              pwrite(file.get(), text.data(), text.size(), 0) == static_cast<ssize_t>(text.size()),
+          "memfd_create");
+  return file;
+}
+
+// Files take any number of bytes without a reader.
 recording::Said captured(const std::function<int()>& call) {
-  const Capture out;
-  const Capture err;
+  const Descriptor out = memoryFile("");
+  const Descriptor err = memoryFile("");
   const pid_t child = fork();
   require(child >= 0, "fork");
   if (child == 0) {
-    callAndEnd(call, out, err);
+    callAndExit(call, out.get(), err.get());
   }
-  int waited = 0;
-  require(waitpid(child, &waited, 0) == child, "waitpid");
-  return {exitStatusOf(waited), out.text(), err.text()};
+  int status = 0;
+  require(waitpid(child, &status, 0) == child, "waitpid");
+  return {exitStatusOf(status), textOf(out), textOf(err)};
 }
 
 }  // namespace ovxid::replay

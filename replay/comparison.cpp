@@ -1,6 +1,5 @@
 #include "replay/comparison.h"
 
-#include <sys/mman.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -43,27 +42,21 @@ std::string textOf(const recording::Said& said) {
          std::to_string(said.status) + "\n";
 }
 
-// A file without a name, by the path at which another program finds it.
-std::string fileOf(const std::string& text) {
-  const int file = memfd_create("said", 0);
-  require(
-      file >= 0 && pwrite(file, text.data(), text.size(), 0) == static_cast<ssize_t>(text.size()),
-      "what ovxid said");
-  return "/proc/self/fd/" + std::to_string(file);
-}
+// Where another program finds it.
+std::string pathOf(const Descriptor& file) { return "/proc/self/fd/" + std::to_string(file.get()); }
 
 std::string firstLineOf(const std::string& text) { return text.substr(0, text.find('\n')); }
 
 }  // namespace
 
 int compareWithBoard(const std::string& file, const recording::Said& said) {
-  // As for the program, the end of children is given back as it was; here they are waited for.
-  const Signals usual;
-  const std::string there = fileOf(textOf(said));
-  const std::string here = fileOf(textOf(captured(listHere)));
+  // For the program, SIGCHLD does again what its caller wants; here children are waited for.
+  const Signals signals;
+  const Descriptor there = memoryFile(textOf(said), 0);
+  const Descriptor here = memoryFile(textOf(captured(listHere)), 0);
   const recording::Said difference = captured([&] {
     execlp("diff", "diff", "--text", "--unified", "--label", visible(file).c_str(), "--label",
-           "here", there.c_str(), here.c_str(), nullptr);
+           "here", pathOf(there).c_str(), pathOf(here).c_str(), nullptr);
     std::perror("diff");
     return notFound;
   });

@@ -10,14 +10,14 @@
 #include <map>
 #include <optional>
 #include <string_view>
-#include <utility>
 
+#include "host/descriptor.h"
 #include "recording/addresses.h"
 #include "recording/format.h"
 #include "recording/mac.h"
 #include "replay/failure.h"
+#include "replay/ip.h"
 #include "replay/namespaces.h"
-#include "replay/network.h"
 
 namespace ovxid::replay {
 
@@ -59,33 +59,25 @@ bool isTunnel(const Link& link) { return link.mac == recording::Mac{} && link.na
 // Where the kernel knows no IPv6, asking it not to use that is an error.
 bool knowsIpv6() { return access("/proc/self/net/if_inet6", F_OK) == 0; }
 
-using Commands = std::vector<std::string>;
-
-Commands operator+(Commands commands, const Commands& more) {
-  commands.insert(commands.end(), more.begin(), more.end());
-  return commands;
-}
-
 // An interface for which the kernel invents no address.
-Commands bringUpWithoutAddress(const std::string& name) {
-  const Commands up{"link set dev " + name + " up"};
-  return knowsIpv6() ? Commands{"link set dev " + name + " addrgenmode none"} + up : up;
+std::string bringUpWithoutAddress(const std::string& name) {
+  return (knowsIpv6() ? "link set dev " + name + " addrgenmode none\n" : "") + "link set dev " +
+         name + " up\n";
 }
 
 // An interface runs when it is up and so is the other end of its cable.
-Commands linkCommands(const Link& link, std::size_t number) {
+std::string linkCommands(const Link& link, std::size_t number) {
   if (link.name == loopback) {
     // The kernel gives it this address as soon as it is up.
-    return {"link set dev lo up", "address del 127.0.0.1/8 dev lo"};
+    return "link set dev lo up\naddress del 127.0.0.1/8 dev lo\n";
   }
   if (isTunnel(link)) {
-    return Commands{"tuntap add dev " + link.name + " mode tun"} + bringUpWithoutAddress(link.name);
+    return "tuntap add dev " + link.name + " mode tun\n" + bringUpWithoutAddress(link.name);
   }
   const std::string peer = peerOf(number);
-  return Commands{"link add name " + link.name +
-                  (link.mac ? " address " + recording::textOf(*link.mac) : "") +
-                  " type veth peer name " + peer} +
-         bringUpWithoutAddress(peer) + Commands{"link set dev " + link.name + " up"};
+  return "link add name " + link.name +
+         (link.mac ? " address " + recording::textOf(*link.mac) : "") + " type veth peer name " +
+         peer + "\n" + bringUpWithoutAddress(peer) + "link set dev " + link.name + " up\n";
 }
 
 // The kernel would sort by scope, and put an address behind those of other networks. In one scope,
@@ -94,18 +86,19 @@ std::string addressCommand(const std::string& nameOrLabel, const std::string& ad
   const std::string name = interfaceOf(nameOrLabel);
   const bool isLoopback = name == loopback;
   return "address add " + address + (isLoopback && address == "127.0.0.1" ? "/8" : "/32") +
-         " dev " + name + " label " + nameOrLabel + " scope " + (isLoopback ? "host" : "global");
+         " dev " + name + " label " + nameOrLabel + " scope " +
+         (isLoopback ? "host\n" : "global\n");
 }
 
-Commands commandsFor(const std::vector<Link>& links, const Interfaces& entries) {
-  Commands commands;
+std::string commandsFor(const std::vector<Link>& links, const Interfaces& entries) {
+  std::string commands;
   std::size_t number = 0;
   for (const Link& link : links) {
-    commands = std::move(commands) + linkCommands(link, ++number);
+    commands += linkCommands(link, ++number);
   }
   for (const recording::Interface& entry : entries) {
     if (entry.address) {
-      commands.push_back(addressCommand(entry.name, *entry.address));
+      commands += addressCommand(entry.name, *entry.address);
     }
   }
   return commands;
@@ -126,11 +119,16 @@ std::map<std::string, int> openTunnels(const std::vector<Link>& links) {
   return tunnels;
 }
 
-std::vector<int> connect(const std::map<std::string, int>& tunnels) {
+ifreq requestFor(const std::string& name) {
+  ifreq request{};
+  name.copy(request.ifr_name, sizeof request.ifr_name - 1);
+  return request;
+}
+
+std::vector<int> attach(const std::map<std::string, int>& tunnels) {
   std::vector<int> descriptors;
   for (const auto& [name, tunnel] : tunnels) {
-    ifreq request{};
-    name.copy(request.ifr_name, sizeof request.ifr_name - 1);
+    ifreq request = requestFor(name);
     request.ifr_flags = IFF_TUN | IFF_NO_PI;
     require(ioctl(tunnel, TUNSETIFF, &request) == 0, name);
     descriptors.push_back(tunnel);
@@ -138,26 +136,24 @@ std::vector<int> connect(const std::map<std::string, int>& tunnels) {
   return descriptors;
 }
 
-bool isRunning(int kernel, const std::string& name) {
-  ifreq request{};
-  name.copy(request.ifr_name, sizeof request.ifr_name - 1);
-  return ioctl(kernel, SIOCGIFFLAGS, &request) == 0 && (request.ifr_flags & IFF_RUNNING) != 0;
+bool isRunning(int socket, const std::string& name) {
+  ifreq request = requestFor(name);
+  return ioctl(socket, SIOCGIFFLAGS, &request) == 0 && (request.ifr_flags & IFF_RUNNING) != 0;
 }
 
 // The kernel tells a little later that an interface is connected.
-void awaitConnections(const std::vector<Link>& links) {
+void awaitRunning(const std::vector<Link>& links) {
   constexpr int milliseconds = 1000;
-  const int kernel = socket(AF_INET, SOCK_DGRAM | SOCK_CLOEXEC, 0);
-  require(kernel >= 0, "socket");
+  const Descriptor socket(::socket(AF_INET, SOCK_DGRAM | SOCK_CLOEXEC, 0));
+  require(socket.get() >= 0, "socket");
   for (const Link& link : links) {
-    for (int i = 0; i < milliseconds && !isRunning(kernel, link.name); ++i) {
+    for (int i = 0; i < milliseconds && !isRunning(socket.get(), link.name); ++i) {
       usleep(1000);
     }
   }
-  close(kernel);
 }
 
-[[noreturn]] void refuse(const std::string& why) {
+[[noreturn]] void failWith(const std::string& why) {
   throw NotReplayable(std::string("/") + recording::key::interfaces, why);
 }
 
@@ -170,13 +166,13 @@ void requireList(const Interfaces& entries) {
     }
   }
   if (recording::listedAddresses() != wanted) {
-    refuse("the kernel here does not list these addresses in this order");
+    failWith("the kernel here does not list these addresses in this order");
   }
 }
 
-std::string hintFor(std::string_view complaint) {
-  const bool lacksModule = complaint.find("Unknown device type") != std::string_view::npos ||
-                           complaint.find("not supported") != std::string_view::npos;
+std::string hintFor(std::string_view error) {
+  const bool lacksModule = error.find("Unknown device type") != std::string_view::npos ||
+                           error.find("not supported") != std::string_view::npos;
   return lacksModule ? " (the kernel needs its module veth)" : "";
 }
 
@@ -188,13 +184,13 @@ std::vector<int> makeInterfaces(const Interfaces& entries) {
   // A descriptor belongs to the network in which it was opened.
   const std::map<std::string, int> tunnels = openTunnels(links);
   try {
-    changeNetwork(commandsFor(links, entries));
+    runIp(commandsFor(links, entries));
   } catch (const std::runtime_error& error) {
-    refuse(error.what() + hintFor(error.what()));
+    failWith(error.what() + hintFor(error.what()));
   }
   requireList(entries);
-  std::vector<int> descriptors = connect(tunnels);
-  awaitConnections(links);
+  std::vector<int> descriptors = attach(tunnels);
+  awaitRunning(links);
   return descriptors;
 }
 

@@ -7,7 +7,7 @@
 
 readonly parts=$PWD/build/board_parts
 readonly userland=(bash busybox)
-readonly simulation=(tests/simulation/{board,child,kernel,logger}.cpp replay/{namespaces,network,tmpfs}.cpp)
+readonly simulation=(tests/simulation/{board,child,kernel,logger}.cpp replay/{capture,ip,namespaces,tmpfs}.cpp)
 
 # apt_of ARCHITECTURE COMMAND ARGUMENT...: what a command of apt tells about an empty system.
 apt_of() {
@@ -207,7 +207,7 @@ compile() {
 make_exhaustion() {
   local program=$parts/exhaustion/$1
   ! is_current "$program" "$parts/systems/$1.cpio" tests/exhaustion/* tests/simulation/* \
-    replay/{failure,namespaces,network,tmpfs}.* || return 0
+    replay/{capture,failure,ip,namespaces,tmpfs}.* || return 0
   echo "program $1"
   mkdir -p "$parts/exhaustion"
   compile "$1" "$program" -D_FILE_OFFSET_BITS=64 -D_TIME_BITS=64 -I tests -I . -I src \

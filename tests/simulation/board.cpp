@@ -10,7 +10,7 @@
 #include <stdexcept>
 #include <system_error>
 
-#include "replay/network.h"
+#include "replay/ip.h"
 #include "simulation/kernel.h"
 
 namespace fs = std::filesystem;
@@ -128,23 +128,23 @@ Board& Board::permissions(const std::string& path, unsigned mode) {
 
 Board& Board::interface(const std::string& name, const std::string& mac) {
   const std::string peer = "peer" + std::to_string(mInterfaces++);
-  changeNetwork({"link add " + name + " address " + mac + " type veth peer name " + peer});
+  replay::runIp("link add " + name + " address " + mac + " type veth peer name " + peer);
   return *this;
 }
 
 Board& Board::mac(const std::string& interface, const std::string& mac) {
-  changeNetwork({"link set " + interface + " address " + mac});
+  replay::runIp("link set " + interface + " address " + mac);
   return *this;
 }
 
 Board& Board::address(const std::string& interface, const std::string& address) {
-  changeNetwork({"address add " + address + " dev " + interface});
+  replay::runIp("address add " + address + " dev " + interface);
   return *this;
 }
 
 Board& Board::labelledAddress(const std::string& label, const std::string& address) {
   const std::string interface = label.substr(0, label.find(':'));
-  changeNetwork({"address add " + address + " dev " + interface + " label " + label});
+  replay::runIp("address add " + address + " dev " + interface + " label " + label);
   return *this;
 }
 
