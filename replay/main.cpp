@@ -7,7 +7,6 @@
 #include <iostream>
 #include <optional>
 #include <string>
-#include <system_error>
 
 #include "recording/file.h"
 #include "recording/limits.h"
@@ -25,7 +24,7 @@ namespace ovxid::replay {
 
 namespace {
 
-constexpr int usageError = 2;
+constexpr int wrongUsage = 2;
 
 constexpr const char* usage =
     "Usage: ovxid-replay [OPTIONS] FILE [[--] PROGRAM [ARG...]]\n"
@@ -49,7 +48,7 @@ constexpr const char* usage =
 
 // So that nothing that is opened takes the place of a stream which is closed. Writing there fails
 // as before, and it is closed again when the program is run.
-void holdClosedStreams() {
+void occupyClosedStreams() {
   for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
     if (fcntl(stream, F_GETFD) < 0) {
       open("/dev/null", O_RDONLY | O_CLOEXEC);
@@ -57,19 +56,21 @@ void holdClosedStreams() {
   }
 }
 
+// A name in a message, also an empty one.
+std::string named(const std::string& name) { return name.empty() ? "''" : name; }
+
 int run(char** words) {
   execvp(words[0], words);
-  const int reason = errno;
-  printError(std::string(*words[0] == '\0' ? "''" : words[0]) + ": " + std::strerror(reason));
-  return reason == ENOENT ? notFound : cannotRun;
+  const int error = errno;
+  printError(named(words[0]) + ": " + std::strerror(error));
+  return error == ENOENT ? notFound : cannotRun;
 }
 
-// What the command line asks for.
-struct Order {
+struct CommandLine {
   std::string file;
   std::optional<std::string> catalogue;
   // Ended by a null pointer. None to compare with what was said on the board.
-  char** words = nullptr;
+  char** program = nullptr;
 };
 
 // Standard input is that of the program.
@@ -81,34 +82,34 @@ auto readFrom(const std::string& file, Read read) {
   try {
     return read(file);
   } catch (const recording::Unreadable& error) {
-    throw Failure(file.empty() ? "''" : file, error.what());
+    throw Failure(named(file), error.what());
   }
 }
 
-recording::Recording readRecording(const Order& order) {
-  recording::Recording recording = readFrom(order.file, recording::readFile);
-  if (*order.words == nullptr && !recording.said) {
-    throw Failure(order.file, "does not tell what ovxid said there: nothing to compare with");
+recording::Recording readRecording(const CommandLine& line) {
+  recording::Recording recording = readFrom(line.file, recording::readFile);
+  if (*line.program == nullptr && !recording.said) {
+    throw Failure(line.file, "does not tell what ovxid said there: nothing to compare with");
   }
-  if (order.catalogue) {
+  if (line.catalogue) {
     recording.catalogue.openError = recording.catalogue.readError = 0;
-    recording.catalogue.bytes = readFrom(*order.catalogue, [](const std::string& file) {
+    recording.catalogue.bytes = readFrom(*line.catalogue, [](const std::string& file) {
       return recording::bytesOfFile(file, recording::limit::document);
     });
   }
   return recording;
 }
 
-[[noreturn]] void replay(const Order& order) {
+[[noreturn]] void replay(const CommandLine& line) {
   Signals signals;
-  const recording::Recording recording = readRecording(order);
+  const recording::Recording recording = readRecording(line);
   requireReplayable(recording);
   enterMountNamespace(geteuid(), getegid());
   mountBoard(recording);
   const std::vector<int> tunnels = makeInterfaces(recording.interfaces);
   runOnBoard(recording, tunnels, signals, [&] {
-    return *order.words == nullptr ? compareWithBoard(order.file, *recording.said)
-                                   : run(order.words);
+    return *line.program == nullptr ? compareWithBoard(line.file, *recording.said)
+                                    : run(line.program);
   });
 }
 
@@ -117,55 +118,55 @@ int print(const char* text) {
   return 0;
 }
 
-int refuse(const std::string& word, const std::string& why) {
+int usageError(const std::string& word, const std::string& why) {
   printError(word + ": " + why + " (see 'ovxid-replay --help')");
-  return usageError;
+  return wrongUsage;
 }
 
-// The option that getopt_long has just refused.
-std::string refusedOption(char** argv) {
+// The option that getopt_long does not know.
+std::string unknownOption(char** argv) {
   const std::string word = argv[optind - 1];
   const bool isLong = optopt == 0 || word.rfind("--", 0) == 0;
   return isLong ? word : std::string("-") + static_cast<char>(optopt);
 }
 
-int replayFrom(Order order, char** operands) {
-  order.file = operands[0];
+[[noreturn]] void replayFrom(CommandLine line, char** operands) {
+  line.file = operands[0];
   const bool isMarked = operands[1] != nullptr && std::strcmp(operands[1], "--") == 0;
-  order.words = operands + (isMarked ? 2 : 1);
+  line.program = operands + (isMarked ? 2 : 1);
   try {
-    replay(order);
+    replay(line);
   } catch (const NotReplayable& error) {
-    throw Failure(order.file, error.what());
+    throw Failure(line.file, error.what());
   }
 }
 
-int readWords(int argc, char** argv) {
+int replayAsTold(int argc, char** argv) {
   constexpr option options[] = {{"catalogue", required_argument, nullptr, 'c'},
                                 {"help", no_argument, nullptr, 'h'},
                                 {"version", no_argument, nullptr, 'V'},
                                 {}};
   opterr = 0;
-  Order order;
+  CommandLine line;
   for (int letter = 0; (letter = getopt_long(argc, argv, "+:hV", options, nullptr)) != -1;) {
     switch (letter) {
       case 'c':
-        order.catalogue = optarg;
+        line.catalogue = optarg;
         break;
       case 'h':
         return print(usage);
       case 'V':
         return print("ovxid-replay " OVXID_VERSION "\n");
       case ':':
-        return refuse(argv[optind - 1], "needs a FILE");
+        return usageError(argv[optind - 1], "needs a FILE");
       default:
-        return refuse(refusedOption(argv), "no such option");
+        return usageError(unknownOption(argv), "no such option");
     }
   }
   if (optind == argc) {
-    return refuse("FILE", "is missing");
+    return usageError("FILE", "is missing");
   }
-  return replayFrom(std::move(order), argv + optind);
+  replayFrom(std::move(line), argv + optind);
 }
 
 }  // namespace
@@ -173,6 +174,6 @@ int readWords(int argc, char** argv) {
 }  // namespace ovxid::replay
 
 int main(int argc, char** argv) {
-  ovxid::replay::holdClosedStreams();
-  return ovxid::replay::statusOf([&] { return ovxid::replay::readWords(argc, argv); });
+  ovxid::replay::occupyClosedStreams();
+  return ovxid::replay::statusOf([&] { return ovxid::replay::replayAsTold(argc, argv); });
 }

@@ -23,8 +23,8 @@ constexpr int atOnce = 256;
 constexpr int first = 300;
 
 // How many numbers have entries before they are given: more than all processors of the machine can
-// make processes until room is made again, but not so many that a number has been given again
-// before its entry is forgotten.
+// make processes until the next entries are made, but not so many that a number has been given
+// again before its entry is forgotten.
 int ahead(int largest) {
   constexpr long forEach = 2048;
   constexpr long most = 16384;
@@ -32,10 +32,10 @@ int ahead(int largest) {
       std::min({forEach * sysconf(_SC_NPROCESSORS_ONLN), most, (largest - first) / 4L}));
 }
 
-int openDirectory(const char* path) {
-  const int descriptor = open(path, O_PATH | O_DIRECTORY | O_CLOEXEC);
-  require(descriptor >= 0, path);
-  return descriptor;
+Descriptor openDirectory(const char* path) {
+  Descriptor directory(open(path, O_PATH | O_DIRECTORY | O_CLOEXEC));
+  require(directory.get() >= 0, path);
+  return directory;
 }
 
 }  // namespace
@@ -56,15 +56,14 @@ Processes::Processes()
     throw Failure("/proc/loadavg", "cannot be read");
   }
   // The rest is made while the program runs.
-  makeRoom();
+  makeEntries();
 }
 
 // The last word of /proc/loadavg.
 int Processes::lastNumber() const {
   std::array<char, 128> text{};
-  const int file = openat(mRealDirectory, "loadavg", O_RDONLY | O_CLOEXEC);
-  const ssize_t size = read(file, text.data(), text.size());
-  close(file);
+  const Descriptor file(openat(realDirectory(), "loadavg", O_RDONLY | O_CLOEXEC));
+  const ssize_t size = read(file.get(), text.data(), text.size());
   const std::string_view line(text.data(), size < 0 ? 0 : static_cast<std::size_t>(size));
   const std::string_view word = line.substr(line.rfind(' ') + 1);
   int number = 0;
@@ -72,9 +71,9 @@ int Processes::lastNumber() const {
   return number;
 }
 
-bool Processes::makeRoom() {
-  int room = entriesAhead();
-  for (const int enough = std::min(room + atOnce, mAhead); room < enough; ++room) {
+bool Processes::makeEntries() {
+  int count = entriesAhead();
+  for (const int enough = std::min(count + atOnce, mAhead); count < enough; ++count) {
     if (mNext >= mLargest) {
       mNext = first;
     }
@@ -82,16 +81,16 @@ bool Processes::makeRoom() {
     mMade.push_back(mNext++);
   }
   forget();
-  return room >= mAhead;
+  return count >= mAhead;
 }
 
 // How many numbers that come next have entries.
 int Processes::entriesAhead() {
   const int last = lastNumber();
   // The numbers below the first one are left out when they begin anew.
-  const int room = mNext - last + (mNext > last ? 0 : mLargest - first);
-  if (room <= mAhead) {
-    return room;
+  const int count = mNext - last + (mNext > last ? 0 : mLargest - first);
+  if (count <= mAhead) {
+    return count;
   }
   // More processes were made elsewhere meanwhile than have entries.
   mNext = last + 1;
@@ -102,7 +101,7 @@ int Processes::entriesAhead() {
 void Processes::makeEntry(int number) const {
   const std::string name = std::to_string(number);
   [[maybe_unused]] const int result =
-      symlinkat((".kept/" + name).c_str(), mDirectory, name.c_str());
+      symlinkat((".kept/" + name).c_str(), directory(), name.c_str());
 }
 
 // Of numbers that were given long ago, only those of processes that still run keep their entries.
@@ -115,8 +114,8 @@ void Processes::forget() {
 
 void Processes::removeEntryOfNobody(int number) const {
   const std::string name = std::to_string(number);
-  if (faccessat(mRealDirectory, name.c_str(), F_OK, 0) != 0) {
-    unlinkat(mDirectory, name.c_str(), 0);
+  if (faccessat(realDirectory(), name.c_str(), F_OK, 0) != 0) {
+    unlinkat(directory(), name.c_str(), 0);
   }
 }
 

@@ -3,15 +3,16 @@
 
 #include <deque>
 
+#include "host/descriptor.h"
+
 namespace ovxid::replay {
 
 // The largest number that the kernel gives a process; 0 if it does not tell.
 int largestProcess();
 
 // The entries of processes in the replaced /proc, also when a program has mounted something over
-// it, or has taken it away. Nothing can make one at the moment when a program
-// looks for it, so each number has one before a process gets it: numbers are given one after the
-// other.
+// it, or has taken it away. Nothing can make one at the moment when a program looks for it, so each
+// number has one before a process gets it: numbers are given one after the other.
 class Processes {
  public:
   // Throws Failure.
@@ -19,12 +20,12 @@ class Processes {
 
   // Makes some entries. Has to be called again at once if they are not enough yet, as the result
   // tells, else when this time has passed.
-  bool makeRoom();
+  bool makeEntries();
   static constexpr int milliseconds = 50;
 
   // The replaced /proc, and the real one in it.
-  int directory() const { return mDirectory; }
-  int realDirectory() const { return mRealDirectory; }
+  int directory() const { return mDirectory.get(); }
+  int realDirectory() const { return mRealDirectory.get(); }
 
  private:
   int lastNumber() const;
@@ -33,8 +34,8 @@ class Processes {
   void removeEntryOfNobody(int number) const;
   void forget();
 
-  int mDirectory;
-  int mRealDirectory;
+  Descriptor mDirectory;
+  Descriptor mRealDirectory;
   int mLargest;
   int mAhead;
   // The number behind the last one that has an entry.

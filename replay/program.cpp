@@ -4,12 +4,13 @@
 #include <linux/close_range.h>
 #include <poll.h>
 #include <sys/prctl.h>
+#include <sys/socket.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <algorithm>
+#include <set>
 
-#include "replay/channel.h"
+#include "host/descriptor.h"
 #include "replay/failure.h"
 #include "replay/processes.h"
 #include "replay/seccomp.h"
@@ -27,27 +28,25 @@ pid_t forkProcess() {
 
 // A program that has lost the process which waits for it must not outlive it, as it would not if it
 // were that process.
-void endWith(pid_t parent) {
+void dieWith(pid_t parent) {
   prctl(PR_SET_PDEATHSIG, SIGKILL);
   if (getppid() != parent) {
     _exit(ownFailure);
   }
 }
 
-[[noreturn]] void becomeProgram(const Signals& signals, Channel& channel,
+[[noreturn]] void becomeProgram(const Signals& signals, int socket,
                                 const std::function<int()>& call) {
   _exit(statusOf([&] {
-    const int listener = handOverUname();
-    channel.send(listener);
-    close(listener);
-    signals.giveBack();
+    loadUnameFilter(socket);
+    close(socket);
+    signals.restore();
     return call();
   }));
 }
 
 // Nothing of the program is held: no stream whose end somebody waits for, no folder.
-void closeAllBut(std::vector<int> descriptors) {
-  std::sort(descriptors.begin(), descriptors.end());
+void closeAllBut(const std::set<int>& descriptors) {
   unsigned next = 0;
   for (const int kept : descriptors) {
     // There is nothing between two neighbours, and no listener where the program ended early.
@@ -63,107 +62,108 @@ void closeAllBut(std::vector<int> descriptors) {
   [[maybe_unused]] const int result = chdir("/");
 }
 
-// The process that answers is in no group that a terminal or a shell sends signals to.
-[[noreturn]] void becomeAnswerer(const recording::Recording& recording, Processes& processes,
-                                 const Signals& signals, std::vector<int> descriptors,
-                                 int listener) {
+// The process that answers for uname is in no group that a terminal or a shell sends signals to.
+[[noreturn]] void becomeSupervisor(const recording::Recording& recording, Processes& processes,
+                                   const Signals& signals, const std::vector<int>& tunnels,
+                                   int listener) {
   setsid();
-  signals.giveBack();
-  descriptors.insert(descriptors.end(),
-                     {listener, processes.directory(), processes.realDirectory()});
-  closeAllBut(std::move(descriptors));
-  answerForUname(recording, processes, listener);
+  signals.restore();
+  std::set<int> descriptors(tunnels.begin(), tunnels.end());
+  descriptors.insert({listener, processes.directory(), processes.realDirectory()});
+  closeAllBut(descriptors);
+  superviseUname(recording, processes, listener);
   _exit(0);
 }
 
 // The process that waits for the program.
-class Waiting {
+class Monitor {
  public:
-  Waiting(pid_t program, pid_t answerer, int listener, const Signals& signals)
-      : mProgram(program), mAnswerer(answerer), mListener(listener), mSignals(signals) {}
+  Monitor(pid_t program, pid_t supervisor, int listener, const Signals& signals)
+      : mProgram(program), mSupervisor(supervisor), mListener(listener), mSignals(signals) {}
 
-  [[noreturn]] void untilTheEnd();
+  [[noreturn]] void run();
 
  private:
-  void lookAtChildren();
-  void takeNote(pid_t child, int waited);
+  void waitForChildren();
+  void childChanged(pid_t child, int status);
   void stopWithProgram(int signal) const;
-  void endAnswers() const;
+  void waitForSupervisor() const;
 
   pid_t mProgram;
-  pid_t mAnswerer;
+  pid_t mSupervisor;
   int mListener;
   const Signals& mSignals;
 };
 
-void Waiting::untilTheEnd() {
+void Monitor::run() {
   pollfd events{mSignals.descriptor(), POLLIN, 0};
   for (;;) {
     poll(&events, 1, -1);
-    mSignals.passOnTo(mProgram);
-    lookAtChildren();
+    mSignals.forwardTo(mProgram);
+    waitForChildren();
   }
 }
 
-void Waiting::lookAtChildren() {
-  int waited = 0;
-  for (pid_t child = 0; (child = waitpid(-1, &waited, WNOHANG | WUNTRACED)) > 0;) {
-    takeNote(child, waited);
+void Monitor::waitForChildren() {
+  int status = 0;
+  for (pid_t child = 0; (child = waitpid(-1, &status, WNOHANG | WUNTRACED)) > 0;) {
+    childChanged(child, status);
   }
 }
 
 // The first process of a container has children that it does not know.
-void Waiting::takeNote(pid_t child, int waited) {
-  if (child == mAnswerer && !WIFSTOPPED(waited)) {
+void Monitor::childChanged(pid_t child, int status) {
+  if (child == mSupervisor && !WIFSTOPPED(status)) {
     // Without it, calls fail, where they would wait for ever.
     close(mListener);
-    mAnswerer = 0;
-  } else if (child == mProgram && WIFSTOPPED(waited)) {
-    stopWithProgram(WSTOPSIG(waited));
+    mSupervisor = 0;
+  } else if (child == mProgram && WIFSTOPPED(status)) {
+    stopWithProgram(WSTOPSIG(status));
   } else if (child == mProgram) {
-    endAnswers();
-    endAs(waited);
+    waitForSupervisor();
+    endAs(status);
   }
 }
 
 // For the shell of a terminal alone. Elsewhere nobody would let this process go on.
-void Waiting::stopWithProgram(int signal) const {
-  const int terminal = open("/dev/tty", O_RDONLY | O_NOCTTY | O_CLOEXEC);
-  if (terminal >= 0) {
-    close(terminal);
-    stopBy(signal);
+void Monitor::stopWithProgram(int signal) const {
+  const Descriptor terminal(open("/dev/tty", O_RDONLY | O_NOCTTY | O_CLOEXEC));
+  if (terminal.get() >= 0) {
+    takeDefaultAction(signal);
     kill(mProgram, SIGCONT);
   }
 }
 
-// Unless the program has left processes behind, to which the answers belong now.
-void Waiting::endAnswers() const {
+// Unless the program has left processes behind, for which it answers on.
+void Monitor::waitForSupervisor() const {
   pollfd events{mListener, 0, 0};
-  if (mAnswerer != 0 && poll(&events, 1, 0) == 1) {
-    waitpid(mAnswerer, nullptr, 0);
+  if (mSupervisor != 0 && poll(&events, 1, 0) == 1) {
+    waitpid(mSupervisor, nullptr, 0);
   }
 }
 
 }  // namespace
 
-void runOnBoard(const recording::Recording& recording, const std::vector<int>& descriptors,
+void runOnBoard(const recording::Recording& recording, const std::vector<int>& tunnels,
                 Signals& signals, const std::function<int()>& call) {
-  Channel channel;
+  int sockets[2];
+  require(socketpair(AF_UNIX, SOCK_SEQPACKET | SOCK_CLOEXEC, 0, sockets) == 0, "socketpair");
   Processes processes;
   const pid_t self = getpid();
-  signals.hold();
+  signals.block();
   const pid_t program = forkProcess();
   if (program == 0) {
-    endWith(self);
-    becomeProgram(signals, channel, call);
+    dieWith(self);
+    becomeProgram(signals, sockets[0], call);
   }
-  const int listener = channel.receive();
-  const pid_t answerer = listener < 0 ? 0 : forkProcess();
-  if (listener >= 0 && answerer == 0) {
-    becomeAnswerer(recording, processes, signals, descriptors, listener);
+  close(sockets[0]);
+  const int listener = receiveListener(sockets[1]);
+  const pid_t supervisor = listener < 0 ? 0 : forkProcess();
+  if (listener >= 0 && supervisor == 0) {
+    becomeSupervisor(recording, processes, signals, tunnels, listener);
   }
   closeAllBut({listener, signals.descriptor()});
-  Waiting(program, answerer, listener, signals).untilTheEnd();
+  Monitor(program, supervisor, listener, signals).run();
 }
 
 }  // namespace ovxid::replay

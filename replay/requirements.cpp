@@ -21,30 +21,24 @@ namespace key = recording::key;
 std::string below(const std::string& place, const std::string& part) { return place + "/" + part; }
 
 // Such a recording can still be asked.
-[[noreturn]] void refuse(const std::string& place, const std::string& why) {
+[[noreturn]] void failAt(const std::string& place, const std::string& why) {
   throw NotReplayable(place, why + ": for 'ovxid --board' alone");
 }
 
-// Of all errors in reading, only this can be made: it is that of a directory.
-void requireFile(const recording::Content& file, const char* name) {
-  if (file.readError != 0 && file.readError != EISDIR) {
-    refuse(below(below("", name), key::readError), "no file here fails so when it is read");
-  }
-}
-
-void requireProperty(const recording::Content& value, const std::string& place) {
-  if (value.readError != 0) {
-    refuse(below(place, key::readError), "no file here fails so when it is read");
+// Of all errors in reading, only that of a directory can be made, where there may be one.
+void requireContent(const recording::Content& content, const std::string& place, int possible = 0) {
+  if (content.readError != 0 && content.readError != possible) {
+    failAt(below(place, key::readError), "no file here fails so when it is read");
   }
 }
 
 void requireName(const std::string& name, const std::string& place, std::size_t pathLength) {
   if (name.size() > NAME_MAX) {
-    refuse(below(place, key::name),
+    failAt(below(place, key::name),
            "no file has a name of more than " + std::to_string(NAME_MAX) + " bytes");
   }
   if (pathLength >= PATH_MAX) {
-    refuse(place, "no file has a path of more than " + std::to_string(PATH_MAX - 1) + " bytes");
+    failAt(place, "no file has a path of more than " + std::to_string(PATH_MAX - 1) + " bytes");
   }
 }
 
@@ -61,7 +55,7 @@ void requireNode(const recording::Entry& node, const std::string& place, std::si
     if (entry.isNode) {
       requireNode(entry, below(entryPlace, key::content), length);
     } else {
-      requireProperty(entry.value, below(entryPlace, key::value));
+      requireContent(entry.value, below(entryPlace, key::value));
     }
   }
 }
@@ -84,7 +78,7 @@ void requireInterfaces(const std::vector<recording::Interface>& interfaces) {
   const std::string place = below("", key::interfaces);
   for (std::size_t i = 0; i < interfaces.size(); ++i) {
     if (!isName(interfaces[i].name)) {
-      refuse(below(below(place, std::to_string(i)), key::name),
+      failAt(below(below(place, std::to_string(i)), key::name),
              "no interface here can be called so");
     }
   }
@@ -93,8 +87,8 @@ void requireInterfaces(const std::vector<recording::Interface>& interfaces) {
 }  // namespace
 
 void requireReplayable(const recording::Recording& recording) {
-  requireFile(recording.cpuinfo, key::cpuinfo);
-  requireFile(recording.catalogue, key::catalogue);
+  requireContent(recording.cpuinfo, below("", key::cpuinfo), EISDIR);
+  requireContent(recording.catalogue, below("", key::catalogue), EISDIR);
   if (recording.node) {
     requireNode(*recording.node, below("", key::node), nodePath.size());
   }

@@ -1,10 +1,13 @@
 #include "replay/seccomp.h"
 
 #include <seccomp.h>
+#include <sys/socket.h>
 #include <unistd.h>
 
+#include <cstring>
 #include <memory>
 
+#include "host/descriptor.h"
 #include "replay/failure.h"
 
 namespace ovxid::replay {
@@ -40,9 +43,35 @@ void addCalls(scmp_filter_ctx filter) {
   }
 }
 
+// A message of one byte and a descriptor, as unix(7) has it.
+struct RightsMessage {
+  char byte = 0;
+  iovec data{&byte, 1};
+  alignas(cmsghdr) char control[CMSG_SPACE(sizeof(int))] = {};
+  msghdr header{};
+
+  RightsMessage() {
+    header.msg_iov = &data;
+    header.msg_iovlen = 1;
+    header.msg_control = control;
+    header.msg_controllen = sizeof control;
+  }
+};
+
+void send(int descriptor, int socket) {
+  RightsMessage message;
+  cmsghdr* const rights = CMSG_FIRSTHDR(&message.header);
+  require(rights != nullptr, "send a descriptor");
+  rights->cmsg_level = SOL_SOCKET;
+  rights->cmsg_type = SCM_RIGHTS;
+  rights->cmsg_len = CMSG_LEN(sizeof descriptor);
+  std::memcpy(CMSG_DATA(rights), &descriptor, sizeof descriptor);
+  require(sendmsg(socket, &message.header, 0) == 1, "send a descriptor");
+}
+
 }  // namespace
 
-int handOverUname() {
+void loadUnameFilter(int socket) {
   const std::unique_ptr<void, decltype(&seccomp_release)> filter(seccomp_init(SCMP_ACT_ALLOW),
                                                                  seccomp_release);
   require(filter != nullptr, "seccomp");
@@ -55,7 +84,19 @@ int handOverUname() {
     requireFilter(seccomp_attr_set(filter.get(), SCMP_FLTATR_CTL_NNP, 0));
   }
   requireFilter(seccomp_load(filter.get()));
-  return seccomp_notify_fd(filter.get());
+  const Descriptor listener(seccomp_notify_fd(filter.get()));
+  send(listener.get(), socket);
+}
+
+int receiveListener(int socket) {
+  RightsMessage message;
+  int listener = -1;
+  const bool received = recvmsg(socket, &message.header, MSG_CMSG_CLOEXEC) == 1;
+  const cmsghdr* const rights = CMSG_FIRSTHDR(&message.header);
+  if (received && rights != nullptr) {
+    std::memcpy(&listener, CMSG_DATA(rights), sizeof listener);
+  }
+  return listener;
 }
 
 }  // namespace ovxid::replay

@@ -30,8 +30,36 @@ bool isForTheProgram(const signalfd_siginfo& signal, pid_t program) {
          signal.ssi_pid != static_cast<std::uint32_t>(program);
 }
 
-// Lets the signal do what it does to a process that does not care.
-void undergo(int signal) {
+}  // namespace
+
+Signals::Signals() {
+  struct sigaction usual = {};
+  usual.sa_handler = SIG_DFL;
+  require(sigaction(SIGCHLD, &usual, &mChildAction) == 0, "sigaction");
+}
+
+void Signals::block() {
+  sigset_t all;
+  sigfillset(&all);
+  require(sigprocmask(SIG_SETMASK, &all, &mMask) == 0, "sigprocmask");
+  mDescriptor = signalfd(-1, &all, SFD_CLOEXEC | SFD_NONBLOCK);
+  require(mDescriptor >= 0, "signalfd");
+}
+
+void Signals::restore() const {
+  require(sigaction(SIGCHLD, &mChildAction, nullptr) == 0, "sigaction");
+  require(sigprocmask(SIG_SETMASK, &mMask, nullptr) == 0, "sigprocmask");
+}
+
+void Signals::forwardTo(pid_t program) const {
+  for (signalfd_siginfo signal{}; read(mDescriptor, &signal, sizeof signal) > 0;) {
+    if (isForTheProgram(signal, program)) {
+      kill(program, static_cast<int>(signal.ssi_signo));
+    }
+  }
+}
+
+void takeDefaultAction(int signal) {
   struct sigaction usual = {};
   usual.sa_handler = SIG_DFL;
   sigaction(signal, &usual, nullptr);
@@ -44,47 +72,16 @@ void undergo(int signal) {
   sigprocmask(SIG_BLOCK, &one, nullptr);
 }
 
-}  // namespace
-
-Signals::Signals() {
-  struct sigaction usual = {};
-  usual.sa_handler = SIG_DFL;
-  require(sigaction(SIGCHLD, &usual, &mChildEnds) == 0, "sigaction");
-}
-
-void Signals::hold() {
-  sigset_t all;
-  sigfillset(&all);
-  require(sigprocmask(SIG_SETMASK, &all, &mBlocked) == 0, "sigprocmask");
-  mDescriptor = signalfd(-1, &all, SFD_CLOEXEC | SFD_NONBLOCK);
-  require(mDescriptor >= 0, "signalfd");
-}
-
-void Signals::giveBack() const {
-  require(sigaction(SIGCHLD, &mChildEnds, nullptr) == 0, "sigaction");
-  require(sigprocmask(SIG_SETMASK, &mBlocked, nullptr) == 0, "sigprocmask");
-}
-
-void Signals::passOnTo(pid_t program) const {
-  for (signalfd_siginfo signal{}; read(mDescriptor, &signal, sizeof signal) > 0;) {
-    if (isForTheProgram(signal, program)) {
-      kill(program, static_cast<int>(signal.ssi_signo));
-    }
-  }
-}
-
-void stopBy(int signal) { undergo(signal); }
-
-void endAs(int waited) {
-  if (WIFEXITED(waited)) {
-    _exit(WEXITSTATUS(waited));
+void endAs(int status) {
+  if (WIFEXITED(status)) {
+    _exit(WEXITSTATUS(status));
   }
   // The program has left its core already.
   prctl(PR_SET_DUMPABLE, 0);
-  undergo(WTERMSIG(waited));
+  takeDefaultAction(WTERMSIG(status));
   // The first process of a container outlives signals.
   constexpr int bySignal = 128;
-  _exit(bySignal + WTERMSIG(waited));
+  _exit(bySignal + WTERMSIG(status));
 }
 
 }  // namespace ovxid::replay

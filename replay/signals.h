@@ -10,30 +10,31 @@ namespace ovxid::replay {
 // The signals of a process that stands between a program and who started it.
 class Signals {
  public:
-  // Waits for children, even where the caller left this process with the end of them ignored.
+  // Waits for children, even where the caller left this process with SIGCHLD ignored.
   Signals();
 
-  // From now on, no signal does anything but wait on the descriptor.
-  void hold();
+  // From now on, no signal does anything but wait on the descriptor, as signalfd(2) tells.
+  void block();
   int descriptor() const { return mDescriptor; }
 
   // For the program, which finds the signals as it would without this process.
-  void giveBack() const;
+  void restore() const;
 
-  // Hands the signals that were sent to this process on to the program.
-  void passOnTo(pid_t program) const;
+  // Sends the signals that were sent to this process on to the program.
+  void forwardTo(pid_t program) const;
 
  private:
-  struct sigaction mChildEnds = {};
-  sigset_t mBlocked = {};
+  struct sigaction mChildAction = {};
+  sigset_t mMask = {};
   int mDescriptor = -1;
 };
 
-// Stops as the program was stopped, so that a shell sees it, and returns when it goes on.
-void stopBy(int signal);
+// Has the signal do what it does to a process that does not handle it. Returns when a stopped
+// process goes on.
+void takeDefaultAction(int signal);
 
-// Ends as the program did: by its exit status, or by the same signal.
-[[noreturn]] void endAs(int waited);
+// Ends as the program did, of which waitpid(2) gave this status: with it, or by the same signal.
+[[noreturn]] void endAs(int status);
 
 }  // namespace ovxid::replay
 

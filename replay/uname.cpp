@@ -19,12 +19,6 @@ void setName(char (&name)[_UTSNAME_LENGTH], const std::string& value) {
   value.copy(name, sizeof name - 1);
 }
 
-std::string bytesOf(const utsname& names) {
-  std::string bytes(sizeof names, '\0');
-  std::memcpy(bytes.data(), &names, bytes.size());
-  return bytes;
-}
-
 // The oldest call has no room for more, and the old ones do not tell the domain.
 std::string oldestBytesOf(const utsname& names) {
   constexpr std::size_t room = 8;
@@ -48,8 +42,9 @@ std::string answerTo(const seccomp_data& call, const utsname& names) {
   if (name == "oldolduname") {
     return oldestBytesOf(names);
   }
-  return bytesOf(names).substr(0,
-                               name == "olduname" ? offsetof(utsname, domainname) : sizeof names);
+  std::string bytes(name == "olduname" ? offsetof(utsname, domainname) : sizeof names, '\0');
+  std::memcpy(bytes.data(), &names, bytes.size());
+  return bytes;
 }
 
 // Only where the caller itself could write.
@@ -63,7 +58,7 @@ bool write(std::string bytes, const seccomp_notif& call) {
          static_cast<ssize_t>(bytes.size());
 }
 
-bool tellNames(const recording::Recording& recording, const seccomp_notif& call, int listener) {
+bool writeNames(const recording::Recording& recording, const seccomp_notif& call, int listener) {
   utsname names{};
   if (::uname(&names) != 0) {
     return false;
@@ -74,33 +69,33 @@ bool tellNames(const recording::Recording& recording, const seccomp_notif& call,
   return seccomp_notify_id_valid(listener, call.id) == 0 && write(answerTo(call.data, names), call);
 }
 
-void answer(const recording::Recording& recording, const seccomp_notif& call,
-            seccomp_notif_resp& response, int listener) {
+void respond(const recording::Recording& recording, const seccomp_notif& call,
+             seccomp_notif_resp& response, int listener) {
   response = {};
   response.id = call.id;
   if (recording.unameError != 0) {
     response.error = -recording.unameError;
-  } else if (!tellNames(recording, call, listener)) {
+  } else if (!writeNames(recording, call, listener)) {
     response.error = -EFAULT;
   }
+  seccomp_notify_respond(listener, &response);
 }
 
 }  // namespace
 
-void answerForUname(const recording::Recording& recording, Processes& processes, int listener) {
+void superviseUname(const recording::Recording& recording, Processes& processes, int listener) {
   seccomp_notif* call = nullptr;
   seccomp_notif_resp* response = nullptr;
   if (seccomp_notify_alloc(&call, &response) != 0) {
     return;
   }
   pollfd events{listener, POLLIN, 0};
-  while (poll(&events, 1, processes.makeRoom() ? Processes::milliseconds : 0) >= 0 &&
+  while (poll(&events, 1, processes.makeEntries() ? Processes::milliseconds : 0) >= 0 &&
          (events.revents & POLLHUP) == 0) {
     std::memset(call, 0, sizeof *call);
     // The caller may have ended meanwhile.
     if (events.revents != 0 && seccomp_notify_receive(listener, call) == 0) {
-      answer(recording, *call, *response, listener);
-      seccomp_notify_respond(listener, response);
+      respond(recording, *call, *response, listener);
     }
   }
   seccomp_notify_free(call, response);

@@ -6,9 +6,9 @@
 
 namespace ovxid::replay {
 
-// Answers for uname(2) on the descriptor, until no process is left that could call it, and keeps
-// the entries of the processes in /proc meanwhile.
-void answerForUname(const recording::Recording& recording, Processes& processes, int listener);
+// Answers the calls of uname(2) on the listening descriptor, until no process is left that could
+// make one, and keeps the entries of the processes in /proc meanwhile.
+void superviseUname(const recording::Recording& recording, Processes& processes, int listener);
 
 }  // namespace ovxid::replay
 
