@@ -1,4 +1,4 @@
-// Lets memory run out on every road through the library. See usage() below.
+// Lets memory run out in every scenario. See usage() below.
 #include <algorithm>
 #include <charconv>
 #include <functional>
@@ -30,7 +30,7 @@ struct Options {
   std::vector<std::string> chosen;
 };
 
-// A road, and what tells how many allocations it has.
+// A scenario, and what tells how many allocations it has.
 struct Check {
   std::string name;
   std::function<std::string()> run;
@@ -43,9 +43,9 @@ std::string text(const Allocations& allocations) {
 
 std::vector<Check> checks(int calls) {
   std::vector<Check> checks;
-  for (const auto& roads : {catalogueRoads(), identityRoads(), parameterRoads()}) {
-    for (const Road& road : roads) {
-      checks.push_back({road.name, [road] { return text(sweep(road)); }});
+  for (const auto& scenarios : {catalogueScenarios(), identityScenarios(), parameterScenarios()}) {
+    for (const Scenario& scenario : scenarios) {
+      checks.push_back({scenario.name, [scenario] { return text(sweep(scenario)); }});
     }
   }
   checks.push_back({"program", [] { return std::to_string(sweepLaunch(false)); }});
@@ -58,12 +58,11 @@ std::vector<Check> checks(int calls) {
 }
 
 int usage() {
-  std::cerr
-      << "Usage: exhaustion [--names] [--counts] [--calls=NUMBER] [ROAD...]\n\n"
-         "Takes the named roads through the library, or all, and lets memory run out there.\n\n"
-         "  --names         print the names of the roads instead\n"
-         "  --counts        print how many allocations each road has\n"
-         "  --calls=NUMBER  how many calls many_calls makes (100000)\n";
+  std::cerr << "Usage: exhaustion [--names] [--counts] [--calls=NUMBER] [SCENARIO...]\n\n"
+               "Runs the named scenarios, or all, and lets memory run out in each.\n\n"
+               "  --names         print the names of the scenarios instead\n"
+               "  --counts        print how many allocations each scenario has\n"
+               "  --calls=NUMBER  how many calls many_calls makes (100000)\n";
   return 2;
 }
 

@@ -10,7 +10,7 @@
 namespace {
 
 // What is to be seen of a subject.
-struct Sight {
+struct Observation {
   heap::Ending ending;
   std::string answer;
   std::string standardError;
@@ -25,10 +25,10 @@ struct Resources {
   std::ptrdiff_t descriptors;
 };
 
-// How the road goes as long as there is memory.
-struct Course {
-  Sight start;
-  Sight end;
+// What happens as long as there is memory.
+struct Baseline {
+  Observation start;
+  Observation end;
   int allocations;
 };
 
@@ -51,7 +51,7 @@ void requireNothingLeft(const Resources& before, const Resources& now, bool walk
           "memory is not given back");
 }
 
-Sight sightOf(const Subject& subject, heap::Ending ending, std::string standardError) {
+Observation observationOf(const Subject& subject, heap::Ending ending, std::string standardError) {
   return {ending,
           subject.answer,
           std::move(standardError),
@@ -60,29 +60,29 @@ Sight sightOf(const Subject& subject, heap::Ending ending, std::string standardE
           subject.record};
 }
 
-struct Taken {
+struct Run {
   heap::Attempt attempt;
-  Sight sight;
+  Observation observation;
 };
 
-Taken take(const Road& road, Subject& subject, int refused = 0,
-           heap::Shortage shortage = heap::Shortage::once) {
+Run runOf(const Scenario& scenario, Subject& subject, int refused = 0,
+          heap::Shortage shortage = heap::Shortage::once) {
   heap::Attempt attempt{};
   subject.answer.clear();
   subject.logger.messages.clear();
   std::string standardError = standardErrorOf(
-      [&] { attempt = heap::attempt([&] { road.call(subject); }, refused, shortage); });
-  return {attempt, sightOf(subject, attempt.ending, std::move(standardError))};
+      [&] { attempt = heap::attempt([&] { scenario.call(subject); }, refused, shortage); });
+  return {attempt, observationOf(subject, attempt.ending, std::move(standardError))};
 }
 
-Course courseOf(const Road& road, bool withLogger) {
+Baseline baselineOf(const Scenario& scenario, bool withLogger) {
   Subject subject(withLogger);
-  road.prepare(subject);
-  Sight start = sightOf(subject, heap::Ending::returned, "");
-  Taken taken = take(road, subject);
-  require(taken.sight.ending == road.ending && taken.sight.answer == road.answer,
-          "the road does not lead where it should");
-  return {std::move(start), std::move(taken.sight), taken.attempt.allocations};
+  scenario.prepare(subject);
+  Observation start = observationOf(subject, heap::Ending::returned, "");
+  Run run = runOf(scenario, subject);
+  require(run.observation.ending == scenario.ending && run.observation.answer == scenario.answer,
+          "the call does not answer as it should");
+  return {std::move(start), std::move(run.observation), run.attempt.allocations};
 }
 
 template <typename List>
@@ -104,31 +104,32 @@ List joined(List list, const List& next) {
   return list;
 }
 
-// What the road appends to a list that had come so far.
+// What the call appends to a list that had come so far.
 template <typename List>
 List appended(const List& list, const List& start, const List& end) {
   return joined(list, List(end.begin() + static_cast<std::ptrdiff_t>(start.size()), end.end()));
 }
 
-bool isUndetermined(Holdings holdings, const Sight& sight) {
+bool isUndetermined(Holdings holdings, const Observation& observation) {
   holdings.determined = false;
-  return sameIdentity(sight.holdings, holdings);
+  return sameIdentity(observation.holdings, holdings);
 }
 
-void requireNoFalseIdentity(const Road& road, const Course& course, const Sight& sight) {
-  const Holdings& start = course.start.holdings;
+void requireNoFalseIdentity(const Scenario& scenario, const Baseline& baseline,
+                            const Observation& observation) {
+  const Holdings& start = baseline.start.holdings;
   Holdings passing = start;
-  passing.name = road.passingName;
-  require(sameIdentity(sight.holdings, start) || isUndetermined(start, sight) ||
-              sameIdentity(sight.holdings, course.end.holdings) ||
-              (!road.passingName.empty() && isUndetermined(passing, sight)),
+  passing.name = scenario.passingName;
+  require(sameIdentity(observation.holdings, start) || isUndetermined(start, observation) ||
+              sameIdentity(observation.holdings, baseline.end.holdings) ||
+              (!scenario.passingName.empty() && isUndetermined(passing, observation)),
           "the identifier claims an identity that it has not read completely");
 }
 
-void requireWholeRecord(const Course& course, const Sight& sight) {
-  const HardwareIdentity& start = course.start.record;
-  const HardwareIdentity& end = course.end.record;
-  const HardwareIdentity& record = sight.record;
+void requireWholeRecord(const Baseline& baseline, const Observation& observation) {
+  const HardwareIdentity& start = baseline.start.record;
+  const HardwareIdentity& end = baseline.end.record;
+  const HardwareIdentity& record = observation.record;
   require(record.name == start.name || record.name == end.name, "the name of the record is cut");
   require(record.number == start.number || (record.number == end.number && record.name == end.name),
           "the record has a number without its name");
@@ -136,94 +137,98 @@ void requireWholeRecord(const Course& course, const Sight& sight) {
 }
 
 // Whether the list is one that a walk makes which failed somewhere on its way.
-bool isOfFailedWalk(const FailedWalk& failed, const Course& course, const Sight& sight) {
-  const Params& list = sight.holdings.params;
-  const Params& whole = course.end.holdings.params;
-  for (std::size_t reached = course.start.holdings.params.size(); reached <= whole.size();
+bool isOfFailedWalk(const FailedWalk& failed, const Baseline& baseline,
+                    const Observation& observation) {
+  const Params& list = observation.holdings.params;
+  const Params& whole = baseline.end.holdings.params;
+  for (std::size_t reached = baseline.start.holdings.params.size(); reached <= whole.size();
        ++reached) {
     const Params collected(whole.begin(), whole.begin() + static_cast<std::ptrdiff_t>(reached));
     const Params end = joined(collected, failed.appendedNext(collected));
-    if (sight.ending == heap::Ending::returned ? list == end : isBetween(collected, list, end)) {
+    if (observation.ending == heap::Ending::returned ? list == end
+                                                     : isBetween(collected, list, end)) {
       return true;
     }
   }
   return false;
 }
 
-bool failedWalk(const Road& road, const Course& course, const Taken& taken) {
-  const bool returned = taken.sight.ending == heap::Ending::returned;
-  return road.failedWalk && taken.attempt.refusedLibrary &&
-         (!returned || taken.sight.answer == road.failedWalk->answer) &&
-         isOfFailedWalk(*road.failedWalk, course, taken.sight);
+bool failedWalk(const Scenario& scenario, const Baseline& baseline, const Run& run) {
+  const bool returned = run.observation.ending == heap::Ending::returned;
+  return scenario.failedWalk && run.attempt.refusedLibrary &&
+         (!returned || run.observation.answer == scenario.failedWalk->answer) &&
+         isOfFailedWalk(*scenario.failedWalk, baseline, run.observation);
 }
 
-void requireNothingCut(const Road& road, const Course& course, const Taken& taken) {
-  const Sight& sight = taken.sight;
-  requireNoFalseIdentity(road, course, sight);
-  requireWholeRecord(course, sight);
-  require(beginsWith(course.end.messages, sight.messages), "a message is cut or left out");
-  require(beginsWith(course.end.standardError, sight.standardError) &&
-              isOfWholeLines(sight.standardError),
+void requireNothingCut(const Scenario& scenario, const Baseline& baseline, const Run& run) {
+  const Observation& observation = run.observation;
+  requireNoFalseIdentity(scenario, baseline, observation);
+  requireWholeRecord(baseline, observation);
+  require(beginsWith(baseline.end.messages, observation.messages), "a message is cut or left out");
+  require(beginsWith(baseline.end.standardError, observation.standardError) &&
+              isOfWholeLines(observation.standardError),
           "a line on standard error is cut or left out");
-  require(isBetween(course.start.holdings.catalogue, sight.holdings.catalogue,
-                    course.end.holdings.catalogue),
+  require(isBetween(baseline.start.holdings.catalogue, observation.holdings.catalogue,
+                    baseline.end.holdings.catalogue),
           "an identity of the catalogue is cut or left out");
-  require(
-      isBetween(course.start.holdings.params, sight.holdings.params, course.end.holdings.params) ||
-          failedWalk(road, course, taken),
-      "a parameter is cut or left out");
+  require(isBetween(baseline.start.holdings.params, observation.holdings.params,
+                    baseline.end.holdings.params) ||
+              failedWalk(scenario, baseline, run),
+          "a parameter is cut or left out");
 }
 
-void requireSame(const Sight& sight, const Sight& end) {
-  require(sight.ending == end.ending, "the call ends in another way");
-  require(sight.answer == end.answer, "the call answers something else");
-  require(sight.standardError == end.standardError, "the message on standard error is another");
-  require(sight.holdings == end.holdings, "the identifier holds something else");
-  require(sight.record == end.record, "the record holds something else");
+void requireSame(const Observation& observation, const Observation& end) {
+  require(observation.ending == end.ending, "the call ends in another way");
+  require(observation.answer == end.answer, "the call answers something else");
+  require(observation.standardError == end.standardError,
+          "the message on standard error is another");
+  require(observation.holdings == end.holdings, "the identifier holds something else");
+  require(observation.record == end.record, "the record holds something else");
 }
 
 // A caller is told of an object for which there is no memory. What the C library does without
 // memory, it does for itself, but for a walk.
-void requireTold(const Road& road, const Course& course, const Taken& taken) {
-  const bool told = taken.sight.ending == heap::Ending::badAlloc;
-  require(told == taken.attempt.refusedObject, "std::bad_alloc does not reach the caller");
+void requireTold(const Scenario& scenario, const Baseline& baseline, const Run& run) {
+  const bool told = run.observation.ending == heap::Ending::badAlloc;
+  require(told == run.attempt.refusedObject, "std::bad_alloc does not reach the caller");
   if (told) {
-    require(taken.sight.answer.empty(), "there is an answer although the call did not return");
-  } else if (!failedWalk(road, course, taken)) {
-    requireSame(taken.sight, course.end);
+    require(run.observation.answer.empty(), "there is an answer although the call did not return");
+  } else if (!failedWalk(scenario, baseline, run)) {
+    requireSame(run.observation, baseline.end);
   }
 }
 
-// With memory again, the same subject goes the whole road, from wherever it was.
-void requireWorking(const Road& road, const Course& course, Subject& subject, const Sight& before) {
+// With memory again, the same subject does all of it, from wherever it was.
+void requireWorking(const Scenario& scenario, const Baseline& baseline, Subject& subject,
+                    const Observation& before) {
   const Holdings& from = before.holdings;
-  const Holdings& start = course.start.holdings;
-  Sight end = course.end;
+  const Holdings& start = baseline.start.holdings;
+  Observation end = baseline.end;
   end.holdings.catalogue = appended(from.catalogue, start.catalogue, end.holdings.catalogue);
   end.holdings.params = appended(from.params, start.params, end.holdings.params);
   end.record.aliases =
-      appended(before.record.aliases, course.start.record.aliases, end.record.aliases);
-  requireSame(take(road, subject).sight, end);
+      appended(before.record.aliases, baseline.start.record.aliases, end.record.aliases);
+  requireSame(runOf(scenario, subject).observation, end);
 }
 
-heap::Attempt trySubject(const Road& road, const Course& course, bool withLogger, int refused,
-                         heap::Shortage shortage) {
+heap::Attempt trySubject(const Scenario& scenario, const Baseline& baseline, bool withLogger,
+                         int refused, heap::Shortage shortage) {
   Subject subject(withLogger);
-  road.prepare(subject);
-  const Taken taken = take(road, subject, refused, shortage);
-  require(taken.attempt.refusedObject || taken.attempt.refusedLibrary,
-          "the road has fewer allocations than before");
-  requireTold(road, course, taken);
-  requireNothingCut(road, course, taken);
-  requireWorking(road, course, subject, taken.sight);
-  return taken.attempt;
+  scenario.prepare(subject);
+  const Run run = runOf(scenario, subject, refused, shortage);
+  require(run.attempt.refusedObject || run.attempt.refusedLibrary,
+          "the scenario has fewer allocations than before");
+  requireTold(scenario, baseline, run);
+  requireNothingCut(scenario, baseline, run);
+  requireWorking(scenario, baseline, subject, run.observation);
+  return run.attempt;
 }
 
-void tryRoad(const Road& road, const Course& course, bool withLogger, int refused,
-             heap::Shortage shortage) {
+void tryScenario(const Scenario& scenario, const Baseline& baseline, bool withLogger, int refused,
+                 heap::Shortage shortage) {
   const Resources before = resources();
-  const heap::Attempt attempt = trySubject(road, course, withLogger, refused, shortage);
-  requireNothingLeft(before, resources(), road.failedWalk && attempt.refusedLibrary);
+  const heap::Attempt attempt = trySubject(scenario, baseline, withLogger, refused, shortage);
+  requireNothingLeft(before, resources(), scenario.failedWalk && attempt.refusedLibrary);
 }
 
 void inOwnProcess(const std::function<void()>& call) {
@@ -236,36 +241,36 @@ void inOwnProcess(const std::function<void()>& call) {
   }
 }
 
-int sweep(const Road& road, bool withLogger, heap::Shortage shortage) {
-  const Course course = courseOf(road, withLogger);
-  const bool heard = !course.end.messages.empty();
+int sweep(const Scenario& scenario, bool withLogger, heap::Shortage shortage) {
+  const Baseline baseline = baselineOf(scenario, withLogger);
+  const bool heard = !baseline.end.messages.empty();
   if (withLogger && !heard) {
-    return course.allocations;
+    return baseline.allocations;
   }
-  for (int refused = 1; refused <= course.allocations; ++refused) {
-    const auto attempt = [&] { tryRoad(road, course, withLogger, refused, shortage); };
+  for (int refused = 1; refused <= baseline.allocations; ++refused) {
+    const auto attempt = [&] { tryScenario(scenario, baseline, withLogger, refused, shortage); };
     try {
-      road.inOwnProcess ? inOwnProcess(attempt) : attempt();
+      scenario.inOwnProcess ? inOwnProcess(attempt) : attempt();
     } catch (const std::runtime_error& error) {
       throw std::runtime_error((withLogger ? "with a logger, " : "without a logger, ") +
                                (shortage == heap::Shortage::once ? "" : std::string("from ")) +
                                "allocation " + std::to_string(refused) + " of " +
-                               std::to_string(course.allocations) + ": " + error.what());
+                               std::to_string(baseline.allocations) + ": " + error.what());
     }
   }
-  return course.allocations;
+  return baseline.allocations;
 }
 
 }  // namespace
 
-Allocations sweep(const Road& road) {
+Allocations sweep(const Scenario& scenario) {
   Board board;
-  road.board(board);
+  scenario.board(board);
   Allocations allocations{};
   for (const heap::Shortage shortage : {heap::Shortage::once, heap::Shortage::lasting}) {
-    allocations.withoutLogger = sweep(road, false, shortage);
-    allocations.withLogger = sweep(road, true, shortage);
+    allocations.withoutLogger = sweep(scenario, false, shortage);
+    allocations.withLogger = sweep(scenario, true, shortage);
   }
-  require(allocations.withLogger > 0, "the road takes no memory");
+  require(allocations.withLogger > 0, "the scenario takes no memory");
   return allocations;
 }

@@ -1,4 +1,4 @@
-#include "exhaustion/roads.h"
+#include "exhaustion/scenarios.h"
 #include "simulation/kernel.h"
 
 namespace {
@@ -72,19 +72,19 @@ std::function<void(Board&)> cpuinfo(const std::string& lastLine) {
   };
 }
 
-Road leaving(const std::string& passingName, Road road) {
-  road.passingName = passingName;
-  return road;
+Scenario leaving(const std::string& passingName, Scenario scenario) {
+  scenario.passingName = passingName;
+  return scenario;
 }
 
-Road throwing(Road road) {
-  road.ending = heap::Ending::outOfRange;
-  return road;
+Scenario throwing(Scenario scenario) {
+  scenario.ending = heap::Ending::outOfRange;
+  return scenario;
 }
 
 }  // namespace
 
-std::vector<Road> identityRoads() {
+std::vector<Scenario> identityScenarios() {
   const auto byName = cpuinfo("Hardware\t: Bench Unit with a Name of Some Length\nSerial\t: 0\n");
   const auto byAlias = cpuinfo("Hardware\t: Harbor Bridge, the second of its mark");
   const auto withoutMatch = cpuinfo("Hardware\t: a board that nobody has ever heard of\n");

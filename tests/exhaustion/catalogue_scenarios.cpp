@@ -1,4 +1,4 @@
-#include "exhaustion/roads.h"
+#include "exhaustion/scenarios.h"
 
 namespace {
 
@@ -20,7 +20,7 @@ void identifierAndRecord(Subject& subject) {
   subject.record = {"a name that stood in the record before", {"an alias from before the line"}, 5};
 }
 
-// The line is made before the road begins.
+// The line is made before the call.
 std::function<void(Subject&)> parsing(const std::string& line) {
   return [line](Subject& subject) {
     subject.answer =
@@ -43,7 +43,7 @@ void knowBoards(Board& board) {
 
 void construct(Subject& subject) { subject.identifier.emplace(subject.log); }
 
-std::vector<Road> catalogueRoads() {
+std::vector<Scenario> catalogueScenarios() {
   return {
       {"catalogue_file", "constructed", knowBoards, nothing, constructAndAnswer},
       {"catalogue_builtin", "constructed", noFile, nothing, constructAndAnswer},

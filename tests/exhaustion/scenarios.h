@@ -1,5 +1,5 @@
-#ifndef OVXID_TESTS_EXHAUSTION_ROADS_H
-#define OVXID_TESTS_EXHAUSTION_ROADS_H
+#ifndef OVXID_TESTS_EXHAUSTION_SCENARIOS_H
+#define OVXID_TESTS_EXHAUSTION_SCENARIOS_H
 
 #include <functional>
 #include <optional>
@@ -10,7 +10,7 @@
 #include "exhaustion/holdings.h"
 #include "simulation/board.h"
 
-// What a road is tried on.
+// What a scenario is tried on.
 struct Subject {
   explicit Subject(bool withLogger) : log(withLogger ? &logger : nullptr) {}
 
@@ -18,11 +18,11 @@ struct Subject {
   cQlog* log;
   std::optional<OvxIdentifier> identifier;
   HardwareIdentity record{};
-  // What the road came to. Short, so that it takes no memory, but for a name.
+  // What the call came to. Short, so that it takes no memory, but for a name.
   std::string answer;
 };
 
-// What may come of a walk for which the C library had no memory, while the road goes on.
+// What may come of a walk for which the C library had no memory, while the call goes on.
 struct FailedWalk {
   std::string answer;
   // What is appended next, to a list of which the last walk got this far.
@@ -30,7 +30,7 @@ struct FailedWalk {
 };
 
 // What a program may ask of the library, from the call to its end.
-struct Road {
+struct Scenario {
   std::string name;
   // What it comes to as long as there is memory.
   std::string answer;
@@ -46,11 +46,11 @@ struct Road {
   std::optional<FailedWalk> failedWalk{};
 };
 
-std::vector<Road> catalogueRoads();
-std::vector<Road> identityRoads();
-std::vector<Road> parameterRoads();
+std::vector<Scenario> catalogueScenarios();
+std::vector<Scenario> identityScenarios();
+std::vector<Scenario> parameterScenarios();
 
-// Boards of the catalogue that the roads share, which has rejected lines as well.
+// Boards of the catalogue that the scenarios share, which has rejected lines as well.
 void knowBoards(Board& board);
 
 void construct(Subject& subject);

@@ -4,7 +4,7 @@
 #include <ostream>
 #include <streambuf>
 
-#include "exhaustion/roads.h"
+#include "exhaustion/scenarios.h"
 
 namespace {
 
@@ -144,20 +144,20 @@ Params addressNext(const Params& params) {
 
 Params cardAndAddressNext(const Params& /*params*/) { return {cardFound, cardAddress}; }
 
-Road walking(FailedWalk failed, Road road) {
-  road.failedWalk = std::move(failed);
-  return road;
+Scenario walking(FailedWalk failed, Scenario scenario) {
+  scenario.failedWalk = std::move(failed);
+  return scenario;
 }
 
 // perror(3) takes a stream of its own each time, until it has no memory for one.
-Road complaining(Road road) {
-  road.inOwnProcess = true;
-  return road;
+Scenario complaining(Scenario scenario) {
+  scenario.inOwnProcess = true;
+  return scenario;
 }
 
 }  // namespace
 
-std::vector<Road> parameterRoads() {
+std::vector<Scenario> parameterScenarios() {
   const FailedWalk outOfMemory{"out of memory", nothingNext};
   const FailedWalk address{"done", addressNext};
   const FailedWalk cardAndAddress{"done", cardAndAddressNext};
