@@ -2,19 +2,15 @@
 #include <gtest/gtest.h>
 
 #include <csignal>
-#include <sstream>
 
 #include "cli/front_end.h"
+#include "cli/help_text.h"
 
 using testing::HasSubstr;
 using testing::Not;
 using testing::StartsWith;
 
 namespace {
-
-constexpr const char* boardOptions =
-    "--board\tAsk a recorded board, or standard input, instead of this one\n"
-    "--catalogue\tRead this catalogue instead of the board's own\n";
 
 class Completion : public FrontEnd {
  protected:
@@ -27,26 +23,18 @@ class Completion : public FrontEnd {
   Outcome offered(const std::string& candidates) { return {0, "words \n" + candidates, ""}; }
 };
 
-// The entries of a section of a help text, as completion has them.
-std::string entriesOf(const std::string& help, const std::string& section) {
+// The entries of a list in a help text, as completion has them.
+std::string entriesOf(const std::string& help, const std::string& list) {
   std::string entries;
-  std::istringstream text(help.substr(help.find(section + ":\n") + section.size() + 2));
-  for (std::string line; std::getline(text, line) && !line.empty();) {
-    std::istringstream words(line);
-    std::string name;
-    std::string summary;
-    words >> name >> std::ws;
-    std::getline(words, summary);
-    entries.append(name).append("\t").append(summary).append("\n");
+  const HelpLists lists = listsOf(help);
+  for (const HelpEntry& entry : lists.at(list)) {
+    entries.append(entry.word).append("\t").append(entry.summary).append("\n");
+    if (!entry.shortWord.empty()) {
+      entries.append(entry.shortWord).append("\t").append(entry.summary).append("\n");
+    }
   }
   return entries;
 }
-
-constexpr const char* commonOptions =
-    "--verbose\tPrint the library's messages on standard error\n"
-    "-v\tPrint the library's messages on standard error\n"
-    "--help\tPrint a help text and exit\n"
-    "-h\tPrint a help text and exit\n";
 
 TEST_F(Completion, OffersTheCommandsOfTheHelp) {
   const std::string commands = entriesOf(ovxid({"--help"}).out, "Commands");
@@ -76,30 +64,27 @@ TEST_F(Completion, NeedsAWord) {
             (Outcome{2, "", "ovxid: complete: WORD is missing (see 'ovxid help complete')\n"}));
 }
 
-TEST_F(Completion, OffersTheGeneralOptionsBeforeTheCommand) {
-  const std::string common(commonOptions);
-  const auto help = common.find("--help");
-  const Outcome general = offered(common.substr(0, help) + boardOptions + common.substr(help) +
-                                  "--version\tPrint the version and exit\n"
-                                  "-V\tPrint the version and exit\n");
-  EXPECT_EQ(complete({"-"}), general);
-  EXPECT_EQ(complete({"--"}), general);
-  EXPECT_EQ(complete({"-v", "--ver"}), general);
+TEST_F(Completion, OffersTheGeneralOptionsOfTheHelpBeforeTheCommand) {
+  const std::string options = entriesOf(ovxid({"--help"}).out, "Options");
+  EXPECT_THAT(options, HasSubstr("--version\tPrint the version and exit\n"
+                                 "-V\tPrint the version and exit\n"));
+  EXPECT_EQ(complete({"-"}), offered(options));
+  EXPECT_EQ(complete({"--"}), offered(options));
+  EXPECT_EQ(complete({"-v", "--ver"}), offered(options));
 }
 
-TEST_F(Completion, OffersTheOptionsOfACommandBehindIt) {
-  const Outcome ofGet = offered(boardOptions + std::string(commonOptions));
-  EXPECT_EQ(complete({"get", "-"}), ofGet);
-  EXPECT_EQ(complete({"get", "OVX_ID", "--"}), ofGet);
-  EXPECT_EQ(complete({"get", "-v="}), ofGet);
-  EXPECT_EQ(complete({"run", "-v", "-"}), offered(commonOptions));
-  EXPECT_EQ(complete({"list", "--output", "--", "-"}), complete({"list", "-"}));
-  EXPECT_EQ(
-      complete({"list", "--format", "json", "-"}),
-      offered(std::string("--format\tChoose the format, plain if not given\n"
-                          "--output\tWrite FILE instead of standard output, as a whole or not "
-                          "at all\n") +
-              boardOptions + commonOptions));
+TEST_F(Completion, OffersTheOptionsOfTheHelpOfACommandBehindIt) {
+  const std::string ofGet = entriesOf(ovxid({"help", "get"}).out, "Options");
+  EXPECT_THAT(ofGet, HasSubstr("--help\tPrint a help text and exit\n"
+                               "-h\tPrint a help text and exit\n"));
+  EXPECT_EQ(complete({"get", "-"}), offered(ofGet));
+  EXPECT_EQ(complete({"get", "OVX_ID", "--"}), offered(ofGet));
+  EXPECT_EQ(complete({"get", "-v="}), offered(ofGet));
+  EXPECT_EQ(complete({"run", "-v", "-"}),
+            offered(entriesOf(ovxid({"help", "run"}).out, "Options")));
+  const std::string ofList = entriesOf(ovxid({"help", "list"}).out, "Options");
+  EXPECT_EQ(complete({"list", "--output", "--", "-"}), offered(ofList));
+  EXPECT_EQ(complete({"list", "--format", "json", "-"}), offered(ofList));
 }
 
 TEST_F(Completion, OffersTheWarningsOfTheHelp) {

@@ -1,6 +1,6 @@
 #include "reference/command_line.h"
 
-#include <map>
+#include <cstdint>
 #include <set>
 
 namespace reference {
@@ -10,8 +10,12 @@ namespace {
 using Words = std::vector<std::string>;
 using Word = Words::const_iterator;
 
-// Whether each of the options has a value.
-using Known = std::map<std::string, bool>;
+// What may stand behind a command.
+struct Form {
+  std::size_t leastOperands;
+  std::size_t mostOperands;
+  Options options;
+};
 
 struct UsageError {};
 
@@ -25,7 +29,7 @@ Request helpFor(const Words& operands) { return {false, "help", false, {}, opera
 bool isOption(const std::string& word) { return word.size() > 1 && word[0] == '-'; }
 
 // A long option may be shortened as long as only one begins so.
-std::string fullName(const std::string& name, const Known& known) {
+std::string fullName(const std::string& name, const Options& known) {
   if (known.count(name) != 0) {
     return name;
   }
@@ -38,7 +42,7 @@ std::string fullName(const std::string& name, const Known& known) {
   return meant.size() == 1 ? *meant.begin() : throw UsageError();
 }
 
-std::string nameOf(char letter, const Known& known) {
+std::string nameOf(char letter, const Options& known) {
   const std::map<char, std::string> letters{{'v', "verbose"}, {'h', "help"}, {'V', "version"}};
   const auto name = letters.find(letter);
   return name != letters.end() && known.count(name->second) != 0 ? name->second
@@ -58,7 +62,7 @@ void take(Request& request, const std::string& name, const std::string& value) {
 }
 
 // Returns the last word that it took.
-Word takeLongOption(Request& request, Word word, Word end, const Known& known) {
+Word takeLongOption(Request& request, Word word, Word end, const Options& known) {
   const auto equals = word->find('=');
   const bool hasOwnValue = equals != std::string::npos;
   const std::string name = fullName(word->substr(2, hasOwnValue ? equals - 2 : equals), known);
@@ -77,7 +81,7 @@ Word takeLongOption(Request& request, Word word, Word end, const Known& known) {
   return word;
 }
 
-Word takeOption(Request& request, Word word, Word end, const Known& known) {
+Word takeOption(Request& request, Word word, Word end, const Options& known) {
   if (word->rfind("--", 0) == 0) {
     return takeLongOption(request, word, end, known);
   }
@@ -89,7 +93,7 @@ Word takeOption(Request& request, Word word, Word end, const Known& known) {
 
 // Takes the options up to the first operand, or all of them if they may stand behind operands.
 // Returns what follows the options, without the mark that ends them.
-Words takeOptions(Request& request, Word word, Word end, const Known& known, bool everywhere) {
+Words takeOptions(Request& request, Word word, Word end, const Options& known, bool everywhere) {
   Words operands;
   for (; word != end && *word != "--"; ++word) {
     if (isOption(*word)) {
@@ -116,40 +120,48 @@ Words takeEveryWord(const std::string& command, Words words) {
   return words;
 }
 
+std::map<std::string, Form> formsOfCommands() {
+  constexpr std::size_t any = SIZE_MAX;
+  const Options asking{{"board", true}, {"catalogue", true}};
+  const Options listing{{"format", true}, {"output", true}, {"board", true}, {"catalogue", true}};
+  std::map<std::string, Form> forms{{"list", {0, 0, listing}},
+                                    {"get", {1, 1, asking}},
+                                    {"name", {0, 0, asking}},
+                                    {"number", {0, 0, asking}},
+                                    {"explain", {0, 0, asking}},
+                                    {"check", {0, any, {{"ignore", true}}}},
+                                    {"record", {0, 0, {{"no-mac", false}, {"output", true}}}},
+                                    {"replay", {1, any, {{"catalogue", true}}}},
+                                    {"run", {1, any, {}}},
+                                    {"shell", {0, any, {}}},
+                                    {"help", {0, 1, {}}},
+                                    {"complete", {1, any, {}}}};
+  for (auto& [command, form] : forms) {
+    form.options.insert({{"verbose", false}, {"help", false}});
+  }
+  return forms;
+}
+
+Options optionsBeforeCommands() {
+  return {{"verbose", false},
+          {"help", false},
+          {"version", false},
+          {"board", true},
+          {"catalogue", true}};
+}
+
 Request readWords(const Words& words) {
-  const Known general{{"verbose", false}, {"help", false}};
-  const Known asking{{"verbose", false}, {"help", false}, {"board", true}, {"catalogue", true}};
-  const Known version{{"verbose", false},
-                      {"help", false},
-                      {"version", false},
-                      {"board", true},
-                      {"catalogue", true}};
-  const Known checking{{"verbose", false}, {"help", false}, {"ignore", true}};
-  const Known replaying{{"verbose", false}, {"help", false}, {"catalogue", true}};
-  const Known recording{{"verbose", false}, {"help", false}, {"no-mac", false}, {"output", true}};
-  const Known listing{{"verbose", false}, {"help", false}, {"format", true},
-                      {"output", true},   {"board", true}, {"catalogue", true}};
-  const std::set<std::string> asks{"get", "name", "number", "explain"};
-  // How many operands each takes, at least and at most.
-  const std::size_t any = words.size();
-  const std::map<std::string, std::pair<std::size_t, std::size_t>> commands{
-      {"list", {0, 0}},    {"get", {1, 1}},        {"name", {0, 0}},   {"number", {0, 0}},
-      {"explain", {0, 0}}, {"check", {0, any}},    {"run", {1, any}},  {"shell", {0, any}},
-      {"help", {0, 1}},    {"complete", {1, any}}, {"record", {0, 0}}, {"replay", {1, any}}};
+  static const std::map<std::string, Form> forms = formsOfCommands();
   Request request{false, "", false, {}, {}};
-  const Words rest = takeOptions(request, words.begin(), words.end(), version, false);
+  const Words rest =
+      takeOptions(request, words.begin(), words.end(), optionsBeforeCommands(), false);
   request.command = rest.empty() ? "list" : rest.front();
-  const auto command = commands.find(request.command);
-  if (command == commands.end()) {
+  const auto found = forms.find(request.command);
+  if (found == forms.end()) {
     throw UsageError();
   }
+  const auto& [least, most, known] = found->second;
   const Words own(rest.empty() ? rest.end() : rest.begin() + 1, rest.end());
-  const Known& known = request.command == "list"          ? listing
-                       : request.command == "check"       ? checking
-                       : request.command == "record"      ? recording
-                       : request.command == "replay"      ? replaying
-                       : asks.count(request.command) != 0 ? asking
-                                                          : general;
   for (const auto& [name, value] : request.options) {
     if (known.count(name) == 0) {
       throw UsageError();
@@ -159,7 +171,6 @@ Request readWords(const Words& words) {
   request.operands = request.command == "shell"
                          ? takeEveryWord(request.command, own)
                          : takeOptions(request, own.begin(), own.end(), known, !launches);
-  const auto [least, most] = command->second;
   if (request.operands.size() < least || request.operands.size() > most) {
     throw UsageError();
   }
@@ -167,6 +178,14 @@ Request readWords(const Words& words) {
 }
 
 }  // namespace
+
+std::map<std::string, Options> optionsOfCommands() {
+  std::map<std::string, Options> options{{"", optionsBeforeCommands()}};
+  for (const auto& [command, form] : formsOfCommands()) {
+    options[command] = form.options;
+  }
+  return options;
+}
 
 Request readCommandLine(const Words& words) {
   try {
