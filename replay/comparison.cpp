@@ -2,15 +2,15 @@
 
 #include <unistd.h>
 
-#include <algorithm>
 #include <cstdio>
 #include <iostream>
-#include <string_view>
+#include <string>
 
 #include "encoding/visible.h"
 #include "replay/capture.h"
 #include "replay/failure.h"
 #include "replay/signals.h"
+#include "replay/transcript.h"
 
 namespace ovxid::replay {
 
@@ -24,24 +24,6 @@ int listHere() {
   return notFound;
 }
 
-// Each line behind a mark. One that nothing ends has a backslash there.
-std::string marked(const std::string& mark, std::string_view lines) {
-  std::string text;
-  while (!lines.empty()) {
-    const std::size_t end = std::min(lines.find('\n'), lines.size());
-    const bool isWhole = end < lines.size();
-    text += mark + visible(lines.substr(0, end)) + (isWhole ? "\n" : "\\\n");
-    lines.remove_prefix(isWhole ? end + 1 : end);
-  }
-  return text;
-}
-
-// Every byte of it shows, so that people see what differs.
-std::string textOf(const recording::Said& said) {
-  return marked("out| ", said.out) + marked("err| ", said.err) + "exit " +
-         std::to_string(said.status) + "\n";
-}
-
 // Where another program finds it.
 std::string pathOf(const Descriptor& file) { return "/proc/self/fd/" + std::to_string(file.get()); }
 
@@ -52,8 +34,8 @@ std::string firstLineOf(const std::string& text) { return text.substr(0, text.fi
 int compareWithBoard(const std::string& file, const recording::Said& said) {
   // For the program, SIGCHLD does again what its caller wants; here children are waited for.
   const Signals signals;
-  const Descriptor there = memoryFile(textOf(said), 0);
-  const Descriptor here = memoryFile(textOf(captured(listHere)), 0);
+  const Descriptor there = memoryFile(transcript(said), 0);
+  const Descriptor here = memoryFile(transcript(captured(listHere)), 0);
   const recording::Said difference = captured([&] {
     execlp("diff", "diff", "--text", "--unified", "--label", visible(file).c_str(), "--label",
            "here", pathOf(there).c_str(), pathOf(here).c_str(), nullptr);

@@ -214,7 +214,8 @@ make_exhaustion() {
     tests/exhaustion/*.cpp "${simulation[@]}"
 }
 
-# make_replayer: makes replayer, which has the programs of our packages that run on this machine.
+# make_replayer: makes replayer, which has the programs of our packages that run on this machine, and transcript, which
+# writes down what came of the commands.
 make_replayer() {
   local machine package
   machine=$(dpkg --print-architecture)
@@ -224,6 +225,8 @@ make_replayer() {
   for package in libovxid1 ovxid ovxid-replay; do
     dpkg-deb --extract "$(built_package "$package" "$machine")" "$parts/replayer"
   done
+  g++ -std=c++17 -I . -o "$parts/transcript" \
+    tests/boards/transcript.cpp replay/transcript.cpp encoding/{hexadecimal,utf8,visible}.cpp
 }
 
 # compose_tree NODE BASE TREE: makes TREE, which is the device tree BASE with the board's node added.
