@@ -106,10 +106,12 @@ int RecordedBoard::macAddress(const std::string& interface, MacAddress& address)
   if (mRecording.interfacesError != 0) {
     return mRecording.interfacesError;
   }
-  const auto found = std::find_if(
-      mRecording.interfaces.begin(), mRecording.interfaces.end(), [&](const Interface& each) {
-        return each.mac && interfaceOf(each.name) == interfaceOf(interface);
-      });
+  const std::string wanted = interfaceOf(interface);
+  const auto found = std::find_if(mRecording.interfaces.begin(), mRecording.interfaces.end(),
+                                  [&](const Interface& each) {
+                                    const std::string name = interfaceOf(each.name);
+                                    return name == wanted && each.mac;
+                                  });
   if (found == mRecording.interfaces.end()) {
     return ENODEV;
   }

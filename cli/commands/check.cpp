@@ -55,7 +55,7 @@ int check(const Invocation& invocation) {
       checkCatalogue(recording::bytesOfFile(file, SIZE_MAX), log, findings);
       print(findings.text());
       found = found || !findings.text().empty();
-    } catch (const recording::Unreadable& error) {  // GCOVR_EXCL_BR_LINE: std::bad_alloc goes on
+    } catch (const recording::Unreadable& error) {
       complain(file, error.what());
       status = exit_status::notRead;
     }

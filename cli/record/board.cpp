@@ -97,7 +97,7 @@ Listing listHere(std::shared_ptr<const Host> host) {
     board.identify();
     board.collect();
     listing.said.out = formatNamed(defaultFormat).write(board);
-  } catch (const Failure& failure) {  // GCOVR_EXCL_BR_LINE: std::bad_alloc goes on to main
+  } catch (const Failure& failure) {
     complain(failure.subject(), failure.what());
     listing.said.status = failure.status();
   }

@@ -88,6 +88,17 @@ TEST_F(Memory, RunsOutBeforeACatalogueIsChecked) {
   runOut({"check", "/proc/in/a"});
 }
 
+TEST_F(Memory, RunsOutBeforeABoardIsRecorded) { runOut({"record"}); }
+
+TEST_F(Memory, RunsOutBeforeARecordedBoardIsAsked) {
+  mBoard.file("/proc/in/a", R"({"format": 1, "ovxid": "1.1.0", "release": "5.10-fn1",
+      "machine": "armv7l", "device_tree": false, "cpuinfo": "Hardware\t: a\n",
+      "catalogue": "Field Node of the Second Series:3:fn1\n", "interfaces": [],
+      "interface_room": 25})");
+  ASSERT_EQ(ovxid({"number", "--board", "/proc/in/a"}), (Outcome{0, "3\n", ""}));
+  runOut({"number", "--board", "/proc/in/a"});
+}
+
 TEST_F(Memory, RunsOutBeforeJson) { runOut({"list", "--format", "json"}); }
 
 TEST_F(Memory, RunsOutBeforeALaunch) { runOut({"run", "/nowhere/a-program-that-is-not-there"}); }
