@@ -312,9 +312,9 @@ std::string placeOfByte(std::string_view document, std::size_t byte) {
 
 // Makes the values of a document and stops at its limits. The JSON library's own way cannot stop
 // without looking at a whole array again for each value in it, and takes the last of equal keys.
-class Maker : public nlohmann::json_sax<Json> {
+class DocumentParser : public nlohmann::json_sax<Json> {
  public:
-  explicit Maker(std::string_view document) : mDocument(document) {}
+  explicit DocumentParser(std::string_view document) : mDocument(document) {}
 
   Json take() { return std::move(mRoot); }
 
@@ -329,7 +329,7 @@ class Maker : public nlohmann::json_sax<Json> {
 
   bool start_object(std::size_t /*elements*/) override { return begin(Json::object()); }
   bool key(string_t& name) override {
-    if (!mOpen.back().keys.insert(name).second) {
+    if (!mKeys.back().insert(name).second) {
       throw Unreadable("has a key twice in an object");
     }
     mKey = std::move(name);
@@ -347,12 +347,6 @@ class Maker : public nlohmann::json_sax<Json> {
   }
 
  private:
-  // An array or an object that has not ended.
-  struct Open {
-    Json* value;
-    std::set<std::string> keys;
-  };
-
   Json& place(Json value) {
     if (++mValues > limit::jsonValues) {
       throw Unreadable("has more than " + std::to_string(limit::jsonValues) + " values");
@@ -360,7 +354,7 @@ class Maker : public nlohmann::json_sax<Json> {
     if (mOpen.empty()) {
       return mRoot = std::move(value);
     }
-    Json& parent = *mOpen.back().value;
+    Json& parent = *mOpen.back();
     if (parent.is_array()) {
       return parent.emplace_back(std::move(value));
     }
@@ -376,7 +370,8 @@ class Maker : public nlohmann::json_sax<Json> {
   bool begin(Json value) {
     // Arrays and objects of the document, of each node, and of each text.
     constexpr std::size_t deepest = 2 * limit::depth + 8;
-    mOpen.push_back({&place(std::move(value)), {}});
+    mOpen.push_back(&place(std::move(value)));
+    mKeys.emplace_back();
     if (mOpen.size() > deepest) {
       throw Unreadable("is deeper than " + std::to_string(deepest) + " arrays and objects");
     }
@@ -384,20 +379,23 @@ class Maker : public nlohmann::json_sax<Json> {
   }
   bool end() {
     mOpen.pop_back();
+    mKeys.pop_back();
     return true;
   }
 
   std::string_view mDocument;
   Json mRoot;
   std::size_t mValues = 0;
-  std::vector<Open> mOpen;
+  // The arrays and objects that have not ended, and their keys. An array has none.
+  std::vector<Json*> mOpen;
+  std::vector<std::set<std::string>> mKeys;
   std::string mKey;
 };
 
 Json parse(std::string_view document) {
-  Maker maker(document);
-  Json::sax_parse(document.begin(), document.end(), &maker);
-  return maker.take();
+  DocumentParser parser(document);
+  Json::sax_parse(document.begin(), document.end(), &parser);
+  return parser.take();
 }
 
 // What people give by mistake.
