@@ -1,7 +1,6 @@
 #ifndef OVXID_ENCODING_ASCII_H
 #define OVXID_ENCODING_ASCII_H
 
-#include <algorithm>
 #include <string>
 #include <string_view>
 
@@ -16,11 +15,7 @@ constexpr char toSmall(char byte) {
   return isCapital(byte) ? static_cast<char>(byte - 'A' + 'a') : byte;
 }
 
-inline std::string toSmallLetters(std::string_view text) {
-  std::string result(text);
-  std::transform(result.begin(), result.end(), result.begin(), toSmall);
-  return result;
-}
+std::string toSmallLetters(std::string_view text);
 
 constexpr bool beginsWith(std::string_view text, std::string_view part) {
   return text.substr(0, part.size()) == part;

@@ -32,9 +32,11 @@ template <typename Read>
 auto readFrom(const char* path, Read read) {
   try {
     return read(path);
-  } catch (const recording::Unreadable& error) {  // GCOVR_EXCL_BR_LINE: std::bad_alloc goes on
+    // GCOVR_EXCL_BR_START: std::bad_alloc goes on to main
+  } catch (const recording::Unreadable& error) {
     throw Failure(exit_status::notRead, path, error.what());
   }
+  // GCOVR_EXCL_BR_STOP
 }
 
 std::string contentOfFile(const char* path) {

@@ -42,16 +42,19 @@ int Command::leastOperands() const {
 }
 
 int Command::mostOperands() const {
-  const bool isOpen = std::string_view(operands).find("...") != std::string_view::npos;
-  return isOpen ? INT_MAX : static_cast<int>(operandsIn(operands).size());
+  if (std::string_view(operands).find("...") != std::string_view::npos) {
+    return INT_MAX;
+  }
+  return static_cast<int>(operandsIn(operands).size());
 }
 
 std::string Command::operandAt(int position) const {
-  if (position < 0 || position >= mostOperands()) {
+  if (position >= mostOperands()) {
     return "";
   }
   const std::vector<Operand> known = operandsIn(operands);
-  return known[std::min(static_cast<std::size_t>(position), known.size() - 1)].name;
+  const auto place = static_cast<std::size_t>(position);
+  return place < known.size() ? known[place].name : known.back().name;
 }
 
 bool Invocation::has(std::string_view name) const {

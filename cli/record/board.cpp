@@ -64,7 +64,8 @@ void recordInterfaces(const Host& host, const std::string& wan, Macs& macs,
 // None if the list has none of which the kernel could be asked.
 std::string wanOf(const std::vector<ovx_param>& parameters) {
   std::string wan = wanIn(parameters).value_or("");
-  return wan.size() < IFNAMSIZ ? wan : "";
+  wan.resize(wan.size() < IFNAMSIZ ? wan.size() : 0);
+  return wan;
 }
 
 // The address in a listing is that of its first WAN interface.
