@@ -209,10 +209,10 @@ TEST(Reader, TakesNoMoreValues) {
 }
 
 TEST(Reader, CountsValuesOfEveryKind) {
-  for (const char* value : {"null", "true", "1", "-1", "1.5", R"("")", "[]", "{}"}) {
-    EXPECT_EQ(refusal(array(times(limit::jsonValues, value))), "has more than 500000 values")
-        << value;
-  }
+  // With the array around, one too many.
+  const std::string kinds = R"(null,true,1,-1,1.5,"",[],{})";
+  EXPECT_EQ(refusal(array(times(limit::jsonValues - 8, "1") + "," + kinds)),
+            "has more than 500000 values");
 }
 
 TEST(Reader, TakesNoDeeperDocument) {
