@@ -11,7 +11,7 @@ constexpr std::size_t digits = 2;
 
 }  // namespace
 
-std::string textOf(const Mac& mac) {
+std::string textOf(const MacAddress& mac) {
   std::string text;
   for (const std::uint8_t byte : mac) {
     const auto part = static_cast<char>(byte);
@@ -23,8 +23,8 @@ std::string textOf(const Mac& mac) {
   return text;
 }
 
-std::optional<Mac> macOf(std::string_view text) {
-  Mac mac{};
+std::optional<MacAddress> macOf(std::string_view text) {
+  MacAddress mac{};
   if (text.size() != mac.size() * (digits + 1) - 1) {
     return std::nullopt;
   }

@@ -10,9 +10,9 @@
 // MAC addresses as people write them: 02:42:ac:11:00:02
 namespace ovxid::recording {
 
-std::string textOf(const Mac& mac);
+std::string textOf(const MacAddress& mac);
 // None if the text is no MAC address.
-std::optional<Mac> macOf(std::string_view text);
+std::optional<MacAddress> macOf(std::string_view text);
 
 }  // namespace ovxid::recording
 

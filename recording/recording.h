@@ -1,13 +1,13 @@
 #ifndef OVXID_RECORDING_RECORDING_H
 #define OVXID_RECORDING_RECORDING_H
 
-#include <array>
 #include <cerrno>
 #include <cstddef>
-#include <cstdint>
 #include <optional>
 #include <string>
 #include <vector>
+
+#include "host/host.h"
 
 namespace ovxid::recording {
 
@@ -32,14 +32,12 @@ struct Entry {
   std::vector<Entry> content;
 };
 
-using Mac = std::array<std::uint8_t, 6>;
-
 // An entry of the kernel's list of IPv4 addresses, or an interface that has none.
 struct Interface {
   // A name, or a label such as "eth0:1".
   std::string name;
   std::optional<std::string> address;
-  std::optional<Mac> mac;
+  std::optional<MacAddress> mac;
 };
 
 // The interface that a name or a label means, for which the kernel answers.

@@ -36,7 +36,7 @@ std::string peerOf(std::size_t number) { return "ovxid-peer" + std::to_string(nu
 
 struct Link {
   std::string name;
-  std::optional<recording::Mac> mac;
+  std::optional<MacAddress> mac;
 };
 
 // Each interface once, with the first MAC address that is known of it.
@@ -54,7 +54,7 @@ std::vector<Link> linksOf(const Interfaces& entries) {
   return links;
 }
 
-bool isTunnel(const Link& link) { return link.mac == recording::Mac{} && link.name != loopback; }
+bool isTunnel(const Link& link) { return link.mac == MacAddress{} && link.name != loopback; }
 
 // Where the kernel knows no IPv6, asking it not to use that is an error.
 bool knowsIpv6() { return access("/proc/self/net/if_inet6", F_OK) == 0; }

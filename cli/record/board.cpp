@@ -35,7 +35,7 @@ void recordKernel(const Host& host, recording::Recording& recording) {
   recording.machine = static_cast<const char*>(kernel.machine);
 }
 
-std::optional<recording::Mac> macOf(const Host& host, const std::string& interface, Macs& macs) {
+std::optional<MacAddress> macOf(const Host& host, const std::string& interface, Macs& macs) {
   MacAddress mac{};
   if (host.macAddress(interface, mac) != 0) {
     return std::nullopt;

@@ -7,8 +7,6 @@ namespace ovxid::cli {
 
 namespace {
 
-using recording::Mac;
-
 std::uint8_t madeUp(std::uint8_t real, std::random_device& random) {
   if (real < 0x10) {
     return static_cast<std::uint8_t>(random() % 0x10);
@@ -20,10 +18,10 @@ std::uint8_t madeUp(std::uint8_t real, std::random_device& random) {
 }
 
 // That of an interface which has none stays.
-Mac madeUp(const Mac& real) {
-  Mac mac = real;
+MacAddress madeUp(const MacAddress& real) {
+  MacAddress mac = real;
   std::random_device random;
-  if (real != Mac{}) {
+  if (real != MacAddress{}) {
     std::transform(real.begin(), real.end(), mac.begin(),
                    [&](std::uint8_t byte) { return madeUp(byte, random); });
     // The lowest bit of the first byte would make it the address of a group.
@@ -34,7 +32,7 @@ Mac madeUp(const Mac& real) {
 
 }  // namespace
 
-const Mac& Macs::written(const Mac& real) {
+const MacAddress& Macs::written(const MacAddress& real) {
   const auto found = mWritten.find(real);
   if (found != mWritten.end()) {
     return found->second;

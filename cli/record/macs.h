@@ -14,11 +14,11 @@ class Macs {
 
   // The same one whenever it is asked for. A made-up address has the bytes below 0x10, and those
   // above 0x7f, where the real one has them, since a listing shows these differently.
-  const recording::Mac& written(const recording::Mac& real);
+  const MacAddress& written(const MacAddress& real);
 
  private:
   bool mMadeUp;
-  std::map<recording::Mac, recording::Mac> mWritten;
+  std::map<MacAddress, MacAddress> mWritten;
 };
 
 }  // namespace ovxid::cli

@@ -411,11 +411,11 @@ TEST(Reader, TakesInterfaces) {
   ASSERT_EQ(interfaces.size(), 3U);
   EXPECT_EQ(interfaces[0].name, "lo");
   EXPECT_EQ(interfaces[0].address, "127.0.0.1");
-  EXPECT_EQ(interfaces[0].mac, ovxid::recording::Mac{});
+  EXPECT_EQ(interfaces[0].mac, ovxid::MacAddress{});
   EXPECT_EQ(interfaces[1].name, "eth0:1");
   EXPECT_EQ(interfaces[1].mac, std::nullopt);
   EXPECT_EQ(interfaces[2].address, std::nullopt);
-  EXPECT_EQ(interfaces[2].mac, (ovxid::recording::Mac{0x02, 0x0a, 0xfe, 0, 0, 9}));
+  EXPECT_EQ(interfaces[2].mac, (ovxid::MacAddress{0x02, 0x0a, 0xfe, 0, 0, 9}));
 }
 
 std::string refusalOfInterface(const std::string& json) {

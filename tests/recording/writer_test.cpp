@@ -32,8 +32,8 @@ Recording board() {
   const Entry closed{"\xe4", false, {{}, EACCES, 0}, {}};
   const Entry shut{"shut", true, {{}, EPERM, 0}, {}};
   recording.node = Entry{"", true, {}, {flag, {"io@1", true, {}, {label, closed}}, shut}};
-  recording.interfaces = {{"lo", "127.0.0.1", ovxid::recording::Mac{}},
-                          {"eth0", std::nullopt, ovxid::recording::Mac{2, 0, 0, 0, 0, 9}},
+  recording.interfaces = {{"lo", "127.0.0.1", ovxid::MacAddress{}},
+                          {"eth0", std::nullopt, ovxid::MacAddress{2, 0, 0, 0, 0, 9}},
                           {"eth1", "10.0.0.1", std::nullopt}};
   recording.interfaceRoom = 25;
   recording.said = ovxid::recording::Said{1, "OVX_ID=12\n", "debug: a\n\ndebug: b\n"};
