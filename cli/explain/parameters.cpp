@@ -3,9 +3,11 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstring>
+#include <iterator>
 #include <map>
 #include <optional>
 #include <set>
+#include <string_view>
 
 #include "encoding/visible.h"
 #include "explain/report.h"
@@ -89,8 +91,10 @@ Values valuesOf(const std::vector<ovx_param>& list) {
 // What the identity gives a variable stands in the list before what a property gives.
 void remarkOnOverwriting(const Board& board, const Properties& properties, Values& values,
                          Remarks& remarks) {
+  const std::set<std::string_view> identity(std::begin(parameter::ofIdentity),
+                                            std::end(parameter::ofIdentity));
   for (const auto& [variable, ofVariable] : properties) {
-    const bool isIdentity = variable == parameter::id || variable == parameter::description;
+    const bool isIdentity = identity.count(variable) != 0;
     if (values.count(variable) == 0 || (ofVariable.size() == 1 && !isIdentity)) {
       continue;
     }
@@ -111,7 +115,7 @@ void remarkOnMissingIdentity(const Board& board, const Values& values, Remarks& 
     return;
   }
   std::string missing;
-  for (const char* const variable : {parameter::id, parameter::description}) {
+  for (const char* const variable : parameter::ofIdentity) {
     if (values.count(variable) == 0) {
       missing += (missing.empty() ? "no " : " and no ") + std::string(variable);
     }

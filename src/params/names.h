@@ -9,6 +9,8 @@ constexpr const char* prefix = "OVX_";
 
 constexpr const char* id = "OVX_ID";
 constexpr const char* description = "OVX_DESC";
+// What the identity gives, if there is one.
+constexpr const char* ofIdentity[] = {id, description};
 constexpr const char* wan = "OVX_WAN";
 constexpr const char* wanMac = "OVX_WAN_ID";
 
