@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <cstring>
 
 #include "encoding/visible.h"
@@ -87,7 +88,8 @@ std::string catalogue(const Board& board) {
 }
 
 std::string row(std::string head, const std::string& text) {
-  head.resize(16, ' ');
+  // A longer one is not cut.
+  head.resize(std::max<std::size_t>(16, head.size() + 1), ' ');
   return head + text + "\n";
 }
 
