@@ -225,7 +225,7 @@ make_replayer() {
   for package in libovxid1 ovxid ovxid-replay; do
     dpkg-deb --extract "$(built_package "$package" "$machine")" "$parts/replayer"
   done
-  g++ -std=c++17 -I . -o "$parts/transcript" \
+  g++ -std=c++17 -I . -I src -o "$parts/transcript" \
     tests/boards/transcript.cpp replay/transcript.cpp encoding/{hexadecimal,utf8,visible}.cpp
 }
 

@@ -35,7 +35,7 @@ constexpr Warning warnings[] = {
     {"unmatchable", "nothing can match the board"},
 };
 
-// Found while this is compiled.
+// The checks name theirs in constants, so that one which is not in the list does not compile.
 constexpr const Warning& warningNamed(std::string_view name) {
   for (const Warning& each : warnings) {
     if (each.name == name) {
