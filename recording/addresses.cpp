@@ -10,7 +10,7 @@
 #include <cstring>
 #include <iterator>
 
-#include "host/descriptor.h"
+#include "text/descriptor.h"
 
 namespace ovxid::recording {
 

@@ -6,9 +6,9 @@
 #include <cerrno>
 #include <cstring>
 
-#include "host/descriptor.h"
 #include "recording/limits.h"
 #include "recording/reader.h"
+#include "text/descriptor.h"
 
 namespace ovxid::recording {
 
@@ -36,26 +36,23 @@ int read(const std::string& path, std::size_t mostBytes, std::string& bytes) {
   return EFBIG;
 }
 
-}  // namespace
-
-std::string bytesOfFile(const std::string& path, std::size_t mostBytes) {
+std::string bytesOf(const std::string& path, std::size_t mostBytes, const char* whyNoFolder) {
   std::string bytes;
   if (const int error = read(path, mostBytes, bytes)) {
-    throw Unreadable(std::strerror(error));
+    throw Unreadable(error == EISDIR ? whyNoFolder : std::strerror(error));
   }
   return bytes;
 }
 
+}  // namespace
+
+std::string bytesOfFile(const std::string& path, std::size_t mostBytes) {
+  return bytesOf(path, mostBytes, std::strerror(EISDIR));
+}
+
 std::string bytesOfDocument(const std::string& path) {
-  std::string bytes;
-  const int error = read(path, limit::document, bytes);
-  if (error == EISDIR) {
-    throw Unreadable("a folder: a board is one file, as 'ovxid record' writes it");
-  }
-  if (error != 0) {
-    throw Unreadable(std::strerror(error));
-  }
-  return bytes;
+  return bytesOf(path, limit::document,
+                 "a folder: a board is one file, as 'ovxid record' writes it");
 }
 
 Recording readFile(const std::string& path) { return readDocument(bytesOfDocument(path)); }

@@ -6,8 +6,8 @@
 #include <functional>
 #include <string>
 
-#include "host/descriptor.h"
 #include "recording/recording.h"
+#include "text/descriptor.h"
 
 namespace ovxid::replay {
 

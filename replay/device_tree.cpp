@@ -5,10 +5,10 @@
 
 #include <filesystem>
 
-#include "host/descriptor.h"
 #include "host/host.h"
 #include "replay/failure.h"
 #include "replay/files.h"
+#include "text/descriptor.h"
 
 namespace ovxid::replay {
 

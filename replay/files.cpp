@@ -4,8 +4,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include "host/descriptor.h"
 #include "replay/failure.h"
+#include "text/descriptor.h"
 
 namespace ovxid::replay {
 

@@ -11,13 +11,13 @@
 #include <optional>
 #include <string_view>
 
-#include "host/descriptor.h"
 #include "recording/addresses.h"
 #include "recording/format.h"
 #include "recording/mac.h"
 #include "replay/failure.h"
 #include "replay/ip.h"
 #include "replay/namespaces.h"
+#include "text/descriptor.h"
 
 namespace ovxid::replay {
 

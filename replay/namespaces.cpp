@@ -10,8 +10,8 @@
 #include <iterator>
 #include <string>
 
-#include "host/descriptor.h"
 #include "replay/failure.h"
+#include "text/descriptor.h"
 
 namespace ovxid::replay {
 

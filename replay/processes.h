@@ -3,7 +3,7 @@
 
 #include <deque>
 
-#include "host/descriptor.h"
+#include "text/descriptor.h"
 
 namespace ovxid::replay {
 

@@ -10,11 +10,11 @@
 
 #include <set>
 
-#include "host/descriptor.h"
 #include "replay/failure.h"
 #include "replay/processes.h"
 #include "replay/seccomp.h"
 #include "replay/uname.h"
+#include "text/descriptor.h"
 
 namespace ovxid::replay {
 

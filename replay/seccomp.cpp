@@ -7,8 +7,8 @@
 #include <cstring>
 #include <memory>
 
-#include "host/descriptor.h"
 #include "replay/failure.h"
+#include "text/descriptor.h"
 
 namespace ovxid::replay {
 

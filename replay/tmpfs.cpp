@@ -9,8 +9,8 @@
 #include <utility>
 #include <vector>
 
-#include "host/descriptor.h"
 #include "replay/failure.h"
+#include "text/descriptor.h"
 
 namespace ovxid::replay {
 

@@ -6,7 +6,7 @@
 #include <optional>
 #include <string>
 
-#include "host/descriptor.h"
+#include "text/descriptor.h"
 
 namespace ovxid::cli {
 

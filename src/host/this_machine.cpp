@@ -9,9 +9,9 @@
 #include <cerrno>
 #include <cstring>
 
-#include "host/descriptor.h"
 #include "host/directory_listing.h"
 #include "host/tree_walk.h"
+#include "text/descriptor.h"
 
 namespace ovxid {
 

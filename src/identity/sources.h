@@ -7,9 +7,11 @@
 
 namespace ovxid {
 
+using Identify = Finding(Search&);
+
 // Where an identity may come from.
 struct Source {
-  Finding (*identify)(Search& search);
+  Identify* identify;
   // For programs, and for people.
   const char* name;
   const char* title;
@@ -17,8 +19,6 @@ struct Source {
   // follows.
   const char* decision;
 };
-
-using Identify = Finding(Search&);
 
 Identify identifyByDeviceTree;
 Identify identifyByKernelRelease;

@@ -7,7 +7,7 @@
 #include <string>
 #include <string_view>
 
-#include "host/descriptor.h"
+#include "text/descriptor.h"
 
 namespace ovxid {
 

@@ -1,5 +1,5 @@
-#ifndef OVXID_HOST_DESCRIPTOR_H
-#define OVXID_HOST_DESCRIPTOR_H
+#ifndef OVXID_TEXT_DESCRIPTOR_H
+#define OVXID_TEXT_DESCRIPTOR_H
 
 #include <unistd.h>
 
