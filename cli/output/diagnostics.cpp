@@ -1,7 +1,5 @@
 #include "output/diagnostics.h"
 
-#include <unistd.h>
-
 #include "encoding/visible.h"
 #include "output/output.h"
 
@@ -43,7 +41,7 @@ Log messages(bool verbose) {
   if (!verbose) {
     return {};
   }
-  return {isatty(STDERR_FILENO) != 0 ? tellHarmless : tellWhole, nullptr};
+  return {isToldOnTerminal() ? tellHarmless : tellWhole, nullptr};
 }
 
 }  // namespace ovxid::cli

@@ -82,6 +82,8 @@ void tell(std::string_view text) {
   isErrorLost = isErrorLost || !writeAll(STDERR_FILENO, text);
 }
 
+bool isToldOnTerminal() { return keptErrors == nullptr && isatty(STDERR_FILENO) != 0; }
+
 void requireThatMessagesWereWritten() {
   if (isErrorLost) {
     failToWrite("standard error", EIO);

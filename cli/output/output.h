@@ -43,6 +43,9 @@ class KeptErrors {
   KeptErrors& operator=(const KeptErrors&) = delete;
 };
 
+// Whether people see at once on a terminal what is told.
+bool isToldOnTerminal();
+
 // Throws Failure when messages on standard error were lost.
 void requireThatMessagesWereWritten();
 

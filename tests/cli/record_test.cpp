@@ -16,6 +16,7 @@
 #include <sstream>
 
 #include "cli/front_end.h"
+#include "cli/terminal.h"
 #include "recording/mac.h"
 #include "recording/reader.h"
 #include "simulation/system_calls.h"
@@ -368,6 +369,14 @@ TEST_F(Record, LeavesOutTheSerialNumberInMessages) {
   EXPECT_THAT(recording.said->err, HasSubstr("Serial\t\t: 0000000000000000\n"));
   EXPECT_THAT(recording.said->err, Not(HasSubstr("fa12cd07")));
   EXPECT_THAT(recording.said->err, Not(HasSubstr("0133E8")));
+}
+
+TEST_F(Record, KeepsTheBytesOfMessagesThatATerminalWouldNotShow) {
+  mBoard.cpuinfo("Serial\t\t: 00000000fa12cd07\nHardware\t: Kestrel\x1b\n");
+  const Recording inAFile = recorded();
+  const Terminal terminal;
+  messagesTo(terminal.path());
+  EXPECT_EQ(recorded().said->err, inAFile.said->err);
 }
 
 TEST_F(Record, KeepsWhatIsOnlyCalledLikeASerialNumber) {
